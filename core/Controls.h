@@ -1,0 +1,102 @@
+#pragma once
+// The small interface through which a screen's logic names its controls: the Qt views wire
+// their widgets to it, and the script driver acts on it by name ("FrmRavolin.TxtFlow").
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "TextGrid.h"
+
+// A text box, label or caption as the logic holds it.
+struct Field {
+  std::string Text;
+  bool Enabled = true;
+  bool Visible = true;
+};
+
+// A drop-down list.
+struct ComboBox {
+  std::vector<std::string> Items;
+  int Index = -1;  // -1: nothing selected
+  bool Enabled = true;
+  bool Visible = true;
+  std::string Text() const { return Index >= 0 && Index < static_cast<int>(Items.size()) ? Items[Index] : std::string(); }
+};
+
+// Keys that reach a screen. Char carries a typed character (letters for Shift-Q and the like).
+enum class KeyCode {
+  None, F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12,
+  Enter, Escape, Tab, Backspace, Delete, PageDown, PageUp, Home, End,
+  Up, Down, Left, Right, NumPlus, NumMinus, Char
+};
+
+struct KeyStroke {
+  KeyCode Code = KeyCode::None;
+  bool Ctrl = false;
+  bool Shift = false;
+  bool Alt = false;
+  char32_t Char = 0;  // for KeyCode::Char
+  bool operator==(const KeyStroke&) const = default;
+};
+
+// "F10", "Ctrl-Home", "Shift-F12", "PgDn", "Plus", "Minus", "Shift-Q", "Q": nullopt when the
+// name is unknown.
+std::optional<KeyStroke> ParseKeyName(const std::string& name);
+std::string KeyName(const KeyStroke& key);
+
+// The events of a text box. KeyPress sees every typed character (8 for Backspace, 13 for
+// Enter) and returns false to refuse it, as the entry filters of the system do.
+struct TextBoxEvents {
+  std::function<void()> GotFocus;
+  std::function<bool(char32_t)> KeyPress;
+  std::function<void()> LostFocus;
+};
+
+// What a user does to a text box when a script says `set`: gives it the focus (its text is
+// selected whole), types the new text character by character through the filter (the first
+// accepted character replaces the selection; an empty text clears it), and leaves it.
+void TypeIntoTextBox(Field& field, const TextBoxEvents& events, const std::string& text);
+// The same typing without focus changes: each character through the filter, the first
+// accepted one replacing the whole text when `replaceAll` is set. Used by the views for paste.
+std::string FilterTyped(const std::string& current, const std::string& typed,
+                        const std::function<bool(char32_t)>& keyPress, bool replaceAll);
+
+// One control as the script driver sees it. Only the operations the control has are set.
+struct Control {
+  std::function<std::string()> GetText;                   // expect FORM.Ctl "text"
+  std::function<void(const std::string&)> Type;            // set FORM.Txt "text"
+  std::function<void()> Press;                             // press FORM.Ctl
+  std::function<void(const std::string&)> ChooseText;      // choose FORM.Cbo "entry"
+  std::function<void(int)> ChooseIndex;                    // choose FORM.Cbo #k
+  std::function<std::vector<std::string>()> Entries;       // expect FORM.Lst "a" "b"
+  std::function<void(const std::vector<std::string>&)> Select;  // select FORM.Lst "a"
+  std::function<bool()> Enabled, Visible, Checked;
+  // Grids.
+  TextGrid* Grid = nullptr;
+  std::function<void(int, int, const std::string&)> EditCell;  // cell FORM.Grid r c "text"
+  std::function<void(int, int)> ClickCell;                     // click FORM.Grid r c
+  std::function<void(CellBlock)> MarkBlock;                    // mark FORM.Grid r1 c1 r2 c2
+};
+
+using ControlMap = std::map<std::string, Control>;
+
+// Ready-made controls over the logic's state.
+Control LabelControl(const Field& field);
+Control TextBoxControl(Field& field, TextBoxEvents events);
+Control ComboControl(ComboBox& combo, std::function<void()> click);
+Control CommandControl(const Field& field, std::function<void()> click);
+
+// A screen as the script driver and the views see it.
+class ScriptScreen {
+ public:
+  virtual ~ScriptScreen() = default;
+  virtual std::string ScreenName() const = 0;
+  virtual ControlMap& Controls() = 0;
+  // The form sees every key first.
+  virtual void KeyDown(const KeyStroke& key) = 0;
+  // The close box.
+  virtual void CloseBox() = 0;
+  virtual bool Closed() const = 0;
+};

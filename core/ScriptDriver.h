@@ -1,0 +1,86 @@
+#pragma once
+// The script driver: runs the screens' logic without a display. Each line of a script is an
+// action of a user or an expectation; every message box shown is printed; questions are
+// answered from the script. The syntax (one line each, "#" starts a comment outside quotes):
+//   set FORM.Txt "text"            choose FORM.Cbo "entry" | #k     select FORM.Lst "a" ...
+//   press FORM.Ctl                 key FORM NAME                    close FORM
+//   cell FORM.Grid r c "text"      click FORM.Grid r c              mark FORM.Grid r1 c1 r2 c2
+//   answer YES | NO                answer file "RVLFiles/x.sht"     answer cancel
+//   expect FORM.Ctl "text"         expect FORM.Lst "a" "b" ...      expect FORM.Grid r c "text"
+//   expect FORM.Ctl enabled|disabled|visible|hidden|checked|unchecked
+//   expect screen FORM             expect message "line"            expect no message
+//   expect file "NAME" size N      expect no file "NAME"
+// The first expectation that fails stops the script: file, line, what was expected and what
+// was found, exit status 1.
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Controls.h"
+#include "Message.h"
+
+// One line of a script, split into words; quoted words keep their blanks.
+struct ScriptLine {
+  int Number = 0;
+  std::vector<std::string> Words;
+  std::vector<bool> Quoted;  // per word: it was written in quotes
+};
+// Splits a script into lines of words. Throws ScriptError on an unclosed quote.
+std::vector<ScriptLine> ParseScript(const std::string& text);
+
+struct ScriptError {
+  int Line = 0;
+  std::string What;
+};
+
+class ScriptDriver {
+ public:
+  // `folder` is the program folder (expect file), `out` receives the printed boxes.
+  ScriptDriver(ScriptedPrompter& prompter, std::filesystem::path folder, std::ostream& out);
+
+  // The main screen: lines go to it when no modal screen is open.
+  void SetMainScreen(ScriptScreen* screen) { main_ = screen; }
+  // Every user action runs through this (the command boundary). Default: run it directly.
+  void SetCommandRunner(std::function<void(const std::function<void()>&)> runner);
+
+  // Runs a script file. Returns the exit status: 0 all passed, 1 an expectation failed or a
+  // line could not be understood (the reason printed to `err`).
+  int RunFile(const std::filesystem::path& file, std::ostream& err);
+  int RunText(const std::string& text, const std::string& fileName, std::ostream& err);
+
+  // Called by the script's Screens when a command opens a modal screen: the following lines
+  // that name it run against it until it closes. Returns when it has closed (or the script
+  // ended, in which case the screen is closed through its close box).
+  void RunModal(ScriptScreen& screen);
+
+  // The next queued answer of an open or save dialog: a path relative to the program folder,
+  // or nullopt for cancel. With nothing queued the dialog is cancelled.
+  std::optional<std::filesystem::path> TakeFileAnswer();
+
+ private:
+  struct Failure {
+    int Line;
+    std::string What;
+  };
+  void Execute(const ScriptLine& line);
+  ScriptScreen& ScreenNamed(const std::string& name, int line);
+  Control& ControlNamed(const std::string& dotted, int line, std::string* formName = nullptr);
+  ScriptScreen* TopScreen();
+  void Act(const std::function<void()>& action);
+
+  ScriptedPrompter& prompter_;
+  std::filesystem::path folder_;
+  std::ostream& out_;
+  ScriptScreen* main_ = nullptr;
+  std::vector<ScriptScreen*> modal_;
+  std::function<void(const std::function<void()>&)> runner_;
+  std::deque<std::optional<std::filesystem::path>> fileAnswers_;
+  std::vector<ScriptLine> lines_;
+  std::size_t next_ = 0;          // the next line to run
+  std::size_t expectedUpTo_ = 0;  // messages of the history already expected
+  std::string fileName_;
+};

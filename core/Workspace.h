@@ -1,0 +1,101 @@
+#pragma once
+// The program folder and every file operation on it. The study lives in working files of this
+// folder; this class is the one owner of their deletes, copies, renames and rewrites, each
+// preceded by the system's pause, and of the journal that lets a failed command put the files
+// back (BeginCommand / CommitCommand / RollbackCommand).
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "FileJournal.h"
+#include "RecordFile.h"
+
+class Workspace : public FileJournal {
+ public:
+  // Opens (and creates when missing) the program folder, with its RVLFiles/ and GMI/.
+  explicit Workspace(std::filesystem::path programFolder);
+
+  // --home DIR, else $RAVOLINETTE_HOME, else $XDG_DATA_HOME/ravolinette, else
+  // ~/.local/share/ravolinette.
+  static std::filesystem::path ResolveProgramFolder(const std::optional<std::string>& home);
+  // The installed data folder: $RAVOLINETTE_DATA if set, else <folder of the executable>/
+  // ../share/ravolinette (both the installed layout and the build tree's).
+  static std::filesystem::path InstalledDataFolder(const std::filesystem::path& executable);
+
+  // Copies each shipped file of `dataFolder` that this folder never received, and records its
+  // name in the list of seeded files (".seeded"). A file already here is never overwritten; a
+  // file the engineer deleted or renamed is not brought back. Returns the names copied.
+  std::vector<std::string> SeedFrom(const std::filesystem::path& dataFolder);
+
+  const std::filesystem::path& Folder() const { return folder_; }
+  // A name of the program folder ("SHEETS.TMP", "RVLFiles/x.sht"), UTF-8, '/' as separator.
+  std::filesystem::path PathOf(std::string_view name) const;
+
+  // -1 when the file exists, else 0; file-system errors count as absent.
+  int16_t FileExists(std::string_view name) const;
+  // The same with the byte length (0 when absent).
+  std::pair<int16_t, uint64_t> FileExistsAndSize(std::string_view name) const;
+
+  // Each of these waits the pause first. Delete of an absent file does nothing.
+  // With ignoreErrors the failure is swallowed, as the system does where it says so;
+  // otherwise it throws RuntimeFault.
+  void Delete(std::string_view name, bool ignoreErrors = true);
+  void Copy(std::string_view from, std::string_view to, bool ignoreErrors = false);
+  void Rename(std::string_view from, std::string_view to, bool ignoreErrors = false);
+
+  // Rewrites a file through a second file: `write` fills the second file (its path given),
+  // which is flushed to disk and renamed over `name`. A failure leaves `name` as it was.
+  void Rewrite(std::string_view name, const std::function<void(const std::filesystem::path&)>& write);
+
+  // The names of the files of a folder of the program folder ("" for the folder itself) that
+  // match a pattern such as "*.ths", without regard to case, in the order of a file list.
+  std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern) const;
+
+  // A record file of the program folder, reporting to the journal.
+  template <class T>
+  RecordFile<T> Records(std::string_view name, RecordFileMode mode = RecordFileMode::ReadWrite) {
+    return RecordFile<T>(PathOf(name), mode, this);
+  }
+
+  // The system's pause before a file operation: 0.1 s, RAVOLINETTE_PAUSE_MS milliseconds when
+  // that is set (0 in tests and on the command line). The event pump runs meanwhile.
+  void Pause() const;
+  void WaitSeconds(double seconds) const;
+  static void SetEventPump(std::function<void()> pump);
+  // True while a pause is running: events that arrive then must not start another command.
+  static bool InPause();
+  int PauseMilliseconds() const { return pauseMs_; }
+  void SetPauseMilliseconds(int ms) { pauseMs_ = ms; }
+
+  // The journal of one command. Commands may nest; only the outermost commits or rolls back.
+  void BeginCommand();
+  void CommitCommand();
+  // Puts every file changed since BeginCommand back as it was (or removes it if it was absent).
+  void RollbackCommand();
+  void BeforeModify(const std::filesystem::path& file) override;
+
+ private:
+  std::filesystem::path folder_;
+  int pauseMs_;
+  int commandDepth_ = 0;
+  // What each changed file held before the command; nullopt when it did not exist.
+  std::map<std::filesystem::path, std::optional<std::string>> saved_;
+};
+
+// The working files, in the order in which KillRavoTemporaries deletes them.
+const std::vector<std::string>& WorkingFileNames();
+// Deletes every working file that exists, in the order of the table.
+void KillRavoTemporaries(Workspace& ws);
+// Renames the pictures of "GMI/" from one extension to another (".rvo" <-> ".jpg"), as the
+// old program did: the extensions are normalised to "*.xxx", each matching file's name less
+// its last four characters gets the last four characters of the new one; a failure ends the
+// routine without a message.
+void RenameFiles(Workspace& ws, std::string_view fromExtension, std::string_view toExtension);
+// The path with one trailing separator ('/' here where the old program had a backslash).
+std::string WithBackslash(std::string_view path);
