@@ -24,6 +24,7 @@ class CommandBoundary {
   void Report(const RuntimeFault& fault);
 
  private:
+  void Fail(const RuntimeFault& fault);
   Workspace& workspace_;
   Prompter& prompter_;
 };

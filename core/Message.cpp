@@ -1,1 +1,50 @@
 #include "Message.h"
+
+std::string Message::OneLine() const {
+  std::string text = Title;
+  for (const auto& line : Lines) {
+    text += " | ";
+    text += line;
+  }
+  return text;
+}
+
+std::string AnswerText(Answer answer) {
+  switch (answer) {
+    case Answer::Yes:
+      return "YES";
+    case Answer::No:
+      return "NO";
+    case Answer::Ok:
+      break;
+  }
+  return {};
+}
+
+namespace {
+
+// A question box has only Yes and No: an answer of Ok (queued or as the default) presses the
+// first button, as Enter does on a box whose default was never set.
+Answer QuestionAnswer(Answer answer) {
+  return answer == Answer::Ok ? Answer::Yes : answer;
+}
+
+}  // namespace
+
+Answer ScriptedPrompter::Show(const Message& message) {
+  Answer given = Answer::Ok;
+  if (message.IsQuestion()) {
+    if (queued_.empty()) {
+      given = QuestionAnswer(message.Default);
+    } else {
+      given = QuestionAnswer(queued_.front());
+      queued_.pop_front();
+    }
+  }
+  history_.push_back(Shown{message, given});
+  if (OnShown) {
+    const Shown shown = history_.back();  // a copy: the hook may show another box
+    OnShown(shown);
+  }
+  return given;
+}

@@ -51,6 +51,9 @@ double VbFix(double x);
 // "#,##0.00", "#,###.0", "#,###.00", "##,###", "#,##0", "#,##0.000", "#,##0.00000", "0",
 // "00", "000" and any other mix of "#", "0", "," and one "."; other characters are copied.
 std::string FormatNumber(double value, std::string_view pattern, Separators seps);
+// The same for a value the run-time held as a Single: its decimal text is taken to 7
+// significant digits before the rounding (1.05f shows "1.1" with "0.0", not "1.0").
+std::string FormatSingle(float value, std::string_view pattern, Separators seps);
 
 // Implicit number-to-text of the run-time (CStr): the regional decimal separator, up to 15
 // significant digits for a double and 7 for a single, no trailing zeros, no leading blank.

@@ -29,9 +29,15 @@ struct ScriptLine {
   std::vector<std::string> Words;
   std::vector<bool> Quoted;  // per word: it was written in quotes
 };
-// Splits a script into lines of words. Throws ScriptError on an unclosed quote.
+// Splits a script into lines of words. Words are separated by blanks; a word in double quotes
+// may hold blanks and \" (a quote) or \\ (a backslash). "#" outside quotes starts a comment,
+// except a whole word "#k" of digits after the first word (choose FORM.Cbo #2). Lines without
+// words are left out. Throws ScriptError on an unclosed quote.
 std::vector<ScriptLine> ParseScript(const std::string& text);
 
+// Why a script stopped: a line that could not be understood or an expectation that failed.
+// The driver throws it to unwind out of the commands and modal screens open at the time;
+// the command boundary lets it pass.
 struct ScriptError {
   int Line = 0;
   std::string What;
@@ -62,11 +68,20 @@ class ScriptDriver {
   std::optional<std::filesystem::path> TakeFileAnswer();
 
  private:
-  struct Failure {
-    int Line;
-    std::string What;
-  };
   void Execute(const ScriptLine& line);
+  void ControlAction(const ScriptLine& line);
+  void Choose(const ScriptLine& line, const Control& control);
+  void GridAction(const ScriptLine& line, const Control& control);
+  void ScreenAction(const ScriptLine& line);
+  void AnswerLine(const ScriptLine& line);
+  void Expect(const ScriptLine& line);
+  void ExpectControl(const ScriptLine& line);
+  void ExpectScreen(const ScriptLine& line);
+  void ExpectMessage(const ScriptLine& line);
+  void ExpectNoMessage(const ScriptLine& line);
+  void ExpectFile(const ScriptLine& line, bool present);
+  void PrintShown(const ScriptedPrompter::Shown& shown);
+  int LineNumber() const;  // of the line running, or that ran last
   ScriptScreen& ScreenNamed(const std::string& name, int line);
   Control& ControlNamed(const std::string& dotted, int line, std::string* formName = nullptr);
   ScriptScreen* TopScreen();

@@ -1,1 +1,13 @@
 #include "StudyState.h"
+
+void StudyState::InitializeVariables() {
+  SheetCount = 0;
+  Calculated = 0;
+  StudyChanged = 0;
+  ErrorFlag = 0;
+  LastAnswer.clear();
+  SomaCategory = 0;
+  PipeArea = 0;
+  StudyFileName.clear();
+  ColumnsEditable = 0;
+}

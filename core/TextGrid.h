@@ -1,7 +1,8 @@
 #pragma once
 // The calculation grid as the screens' logic sees it: cells of text by row and column (both
 // from 1), the active cell, a marked block, per-cell locks and drop-down lists. It is the
-// platform grid's model; the Qt view renders it through a table model.
+// platform grid's model; the Qt view renders it through a table model. Reads outside the grid
+// give an empty cell and writes outside it are ignored, as the platform grid did.
 #include <string>
 #include <vector>
 
@@ -30,6 +31,7 @@ class TextGrid {
   void DeleteRow(int row);
   // Columns right of it move left; the last column comes back empty.
   void DeleteColumn(int col);
+  // The texts only: locks and lists stay as they are.
   void ClearRow(int row);
   void ClearAll();
 
@@ -52,6 +54,7 @@ class TextGrid {
   void SetHead(int col, std::string text);
 
  private:
+  bool InRange(int row, int col) const;
   struct Cell {
     std::string Text;
     bool Locked = false;

@@ -66,6 +66,8 @@ class Workspace : public FileJournal {
   // The system's pause before a file operation: 0.1 s, RAVOLINETTE_PAUSE_MS milliseconds when
   // that is set (0 in tests and on the command line). The event pump runs meanwhile.
   void Pause() const;
+  // The system's waits, scaled like the pause: with the pause at its 100 ms a second is a
+  // second, with the pause at 0 nothing is waited.
   void WaitSeconds(double seconds) const;
   static void SetEventPump(std::function<void()> pump);
   // True while a pause is running: events that arrive then must not start another command.
@@ -73,19 +75,28 @@ class Workspace : public FileJournal {
   int PauseMilliseconds() const { return pauseMs_; }
   void SetPauseMilliseconds(int ms) { pauseMs_ = ms; }
 
-  // The journal of one command. Commands may nest; only the outermost commits or rolls back.
+  // The journal of one command. Commands may nest (a modal screen's command inside the command
+  // that opened it): each BeginCommand opens a frame, which the matching Commit or Rollback
+  // closes. A committed frame hands what it kept to the frame around it, for the files that
+  // frame has not kept yet; the outermost commit forgets.
   void BeginCommand();
   void CommitCommand();
-  // Puts every file changed since BeginCommand back as it was (or removes it if it was absent).
+  // Puts every file changed since the matching BeginCommand back as it was (or removes it if it
+  // was absent). Best effort: never throws.
   void RollbackCommand();
+  // Keeps, in the innermost open frame, what the file holds now, unless that frame keeps it
+  // already. Outside any command it does nothing.
   void BeforeModify(const std::filesystem::path& file) override;
+  // Open frames (0 outside any command).
+  std::size_t CommandDepth() const { return frames_.size(); }
 
  private:
+  // What each changed file held before the frame opened; nullopt when it did not exist.
+  using JournalFrame = std::map<std::filesystem::path, std::optional<std::string>>;
+
   std::filesystem::path folder_;
   int pauseMs_;
-  int commandDepth_ = 0;
-  // What each changed file held before the command; nullopt when it did not exist.
-  std::map<std::filesystem::path, std::optional<std::string>> saved_;
+  std::vector<JournalFrame> frames_;
 };
 
 // The working files, in the order in which KillRavoTemporaries deletes them.
@@ -97,5 +108,8 @@ void KillRavoTemporaries(Workspace& ws);
 // its last four characters gets the last four characters of the new one; a failure ends the
 // routine without a message.
 void RenameFiles(Workspace& ws, std::string_view fromExtension, std::string_view toExtension);
+// An extension as RenameFiles reads it: "*" put in front when missing, then the first two
+// characters made "*." when the second is not "." (".rvo" -> "*.rvo", "*.rvo" stays).
+std::string ExtensionPattern(std::string_view extension);
 // The path with one trailing separator ('/' here where the old program had a backslash).
 std::string WithBackslash(std::string_view path);

@@ -1,0 +1,12 @@
+#pragma once
+// The desktop under the logic: the primary screen's size, the locale's separators, the PDF
+// viewer of the desktop and the beep.
+#include "Platform.h"
+
+class QtPlatform : public Platform {
+ public:
+  DisplaySize Display() const override;
+  Separators NumberSeparators() const override;
+  void OpenDocument(const std::filesystem::path& file) override;
+  void Beep() override;
+};

@@ -1,0 +1,228 @@
+#include "FrmRavolin.h"
+
+#include <fstream>
+#include <iterator>
+
+#include "Checked.h"
+#include "Cp1253.h"
+#include "RavoMessages.h"
+#include "RuntimeFault.h"
+
+namespace {
+
+// A step of the start-up whose failure is reported without stopping the steps after it:
+// a missing pipe list must not keep the engineer from the program.
+template <class F>
+void Guarded(CommandBoundary& boundary, F&& step) {
+  try {
+    step();
+  } catch (const RuntimeFault& fault) {
+    boundary.Report(fault);
+  }
+}
+
+Message ResolutionMessage() {
+  Message m;
+  m.Title = "... ΠΡΟΣΟΧΗ ...";
+  m.Lines = {"... Η Ανάλυση της Οθόνης, πρέπει να είναι τουλάχιστον 1024 x 768 ...",
+             "... για σωστή απεικόνιση των Οθονών τού Προγράμματος ..."};
+  m.Icon = MessageIcon::Exclamation;
+  m.Beeps = 2;
+  return m;
+}
+
+// The characters of a text as the old run-time counted them (one per character).
+std::u32string Chars(const std::string& text) { return Utf8ToU32(text); }
+
+}  // namespace
+
+const std::vector<HeaderCaption>& FrmRavolin::Captions() {
+  static const std::vector<HeaderCaption> captions = {
+      {"TxtThema", "LblThema", "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ : "},
+      {"Txta_a", "Lbla_a", "ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ : "},
+      {"TxtOwnership", "LblOwnership", "ΙΔΙΟΚΤΗΣΙΑ : "},
+      {"TxtLoopNo", "LblLoopNo", "ΕΝΔΕΙΚΤΙΚΟΣ ΑΡΙΘΜΟΣ ΚΥΚΛΩΜΑΤΟΣ : "},
+      {"TxtTempDrop", "LblTempDrop", "ΘΕΡΜΟΚΡΑΣΙΑΚΗ ΠΤΩΣΗ ΝΕΡΟΥ, ΣΤΟ ΚΥΚΛΩΜΑ :"},
+      {"TxtOrigTemp", "LblOrigTemp", "ΘΕΡΜΟΚΡΑΣΙΑ ΕΙΣΟΔΟΥ ΤΟΥ ΝΕΡΟΥ ΣΤΟΝ ΒΡΟΧΟ :"},
+      {"TxtLoopLength", "LblLoopLength", "ΣΥΝΟΛΙΚΟ ΜΗΚΟΣ ΒΡΟΧΟΥ :"},
+      {"TxtOtherRes", "LblOtherRes", "ΙΣΟΔΥΝΑΜΟ ΜΗΚΟΣ ΕΙΔΙΚΩΝ ΤΟΠΙΚΩΝ ΑΝΤΙΣΤΑΣΕΩΝ ΒΡΟΧΟΥ :"},
+      {"CboPipes", "LblPipes", "ΔΙΑΜΕΤΡΟΣ ΣΩΛΗΝΩΝ ΚΥΚΛΩΜΑΤΟΣ :"},
+      {"TxtLoopLoad", "LblLoopLoad", "ΘΕΡΜΙΚΟ ΦΟΡΤΙΟ ΚΥΚΛΩΜΑΤΟΣ : "},
+      {"TxtFlow", "LblFlow", "ΠΑΡΟΧΗ ΝΕΡΟΥ : "},
+      {"TxtVelocity", "LblVelocity", "ΤΑΧΥΤΗΤΑ ΡΟΗΣ :"},
+      {"TxtSFR", "LblSFR", "ΕΙΔΙΚΗ ΑΝΤΙΣΤΑΣΗ ΡΟΗΣ :"},
+  };
+  return captions;
+}
+
+const std::vector<std::string>& FrmRavolin::ColumnHeads() {
+  static const std::vector<std::string> heads = {
+      "α/α ΣΩ-  ΜΑ-  ΤΟΣ",
+      "ΑΠΩΛΕΙΕΣ ΠΡΟΣ ΚΑΛΥΨΗ    [Kcal/h]",
+      "ΕΠΙΘ.  ΘΕΡΜ.  ΧΩ-  ΡΟΥ [°C]",
+      "ΔΙΑΔΟΧΙΚΑ ΑΘΡΟΙ- ΣΜΑΤΑ ΦΟΡΤΙΩΝ    [Kcal/h]",
+      "ΘΕΡΜ. ΕΙΣΟ- ΔΟΥ ΝΕΡΟΥ ΣΤΟ ΣΩΜΑ   [°C]",
+      "ΘΕΡΜ. ΕΞΟ- ΔΟΥ ΝΕΡΟΥ ΑΠ'ΤΟ ΣΩΜΑ   [°C]",
+      "ΜΕΣΗ ΘΕΡΜ. ΤΟΥ ΝΕΡΟΥ  ΣΤΟ ΣΩΜΑ   [°C]",
+      "ΣΥΝΤ. ΔΙΟΡ- ΘΩ- ΣΗΣ",
+      "ΙΣΟΔ. ΘΕΡΜ. ΦΟΡΤΙΟ ΥΠΟ ΣΥΝΘ. 80/20    [Kcal/h]",
+      "ΤΥΠΟΣ ΘΕΡΜΑ- ΝΤΙΚΟΥ ΣΩΜΑ- ΤΟΣ",
+      "ΘΕΡΜΑΝΤΙΚΟ  ΣΩΜΑ",
+      "ΠΡΑΓΜΑ- ΤΙΚΗ ΑΠΟΔΟΣΗ ΣΩΜΑΤΟΣ  [Kcal/h]",
+      "ΕΠΙΦΑ- ΝΕΙΑ ΣΩΜΑ- ΤΟΣ [m²]",
+      "ΜΗΚΟΣ ΣΩΜΑ- ΤΟΣ [m]",
+  };
+  return heads;
+}
+
+FrmRavolin::FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter,
+                       Platform& platform, CommandBoundary& boundary)
+    : ws_(workspace), st_(state), prompter_(prompter), platform_(platform), boundary_(boundary) {
+  Caption.Text = kCaption;
+  for (auto* output : {&Txta_a, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR})
+    output->Enabled = false;  // shown, never typed into
+  BuildControls();
+}
+
+// The load of the main screen, in the order the engineer has always seen it.
+void FrmRavolin::Form_Load() {
+  TestResolution();
+  BuildGrid();
+  FindSeparators();
+  SetStartValues();
+  Guarded(boundary_, [&] { LoadPipeList(); });
+  TxtThema.Text = kDefaultThema;
+  Guarded(boundary_, [&] { RenameFiles(ws_, ".rvo", ".jpg"); });
+  Guarded(boundary_, [&] { LookForStudyLeftBehind(); });
+  FocusTarget = "Grid";
+}
+
+void FrmRavolin::TestResolution() {
+  // Kept on purpose: only a display short in both directions is warned about.
+  const DisplaySize display = platform_.Display();
+  if (display.Width < 1024 && display.Height < 768) prompter_.Show(ResolutionMessage());
+}
+
+void FrmRavolin::BuildGrid() {
+  const auto& heads = ColumnHeads();
+  for (int col = 1; col <= kGridCols; ++col) Grid.SetHead(col, heads[col - 1]);
+}
+
+void FrmRavolin::FindSeparators() { st_.SetSeparators(platform_.NumberSeparators()); }
+
+void FrmRavolin::SetStartValues() {
+  st_.CurrentSheet = 1;
+  Txta_a.Text = "1";
+  TxtOrigTemp.Text = "85";
+  st_.ColumnsEditable = -1;
+  TxtTempDrop.Text = "20";
+}
+
+void FrmRavolin::LoadPipeList() {
+  CboPipes.Items.clear();
+  CboPipes.Index = -1;
+  const auto path = ws_.PathOf(kPipeListFile);
+  std::ifstream in(path, std::ios::binary);
+  if (!in) throw RuntimeFault(FaultCode::FileNotFound, kPipeListFile);
+  const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  std::size_t start = 0;
+  while (start < bytes.size()) {
+    std::size_t end = bytes.find('\n', start);
+    if (end == std::string::npos) end = bytes.size();
+    std::string line = bytes.substr(start, end - start);
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    CboPipes.Items.push_back(Cp1253ToUtf8(line));
+    start = end + 1;
+  }
+  if (CboPipes.Items.empty())
+    throw RuntimeFault(FaultCode::InvalidCall,
+                       std::string(kPipeListFile) + ": δεν περιέχει καμία διάμετρο σωλήνα");
+  CboPipes.Index = 0;
+  FindPipeArea(CboPipes.Items.front());
+}
+
+// "Φ16x1": letter, outer diameter in mm, "x", wall in mm. Only the last character is read as
+// the wall, so a wall must be a single digit; the value 3.14159 stands as it is.
+void FrmRavolin::FindPipeArea(const std::string& pipeName) {
+  const std::u32string name = Chars(pipeName);
+  const std::size_t x = name.find(U'x');
+  // The old routine took the text between the first character and the "x"; without an "x"
+  // (or with the "x" first) that length is negative, which the run-time refused.
+  if (x == std::u32string::npos || x < 1)
+    throw RuntimeFault(FaultCode::InvalidCall, "ΔΙΑΜΕΤΡΟΣ ΣΩΛΗΝΑ : \"" + pipeName + "\"");
+  const double wall = Val(U32ToUtf8(name.substr(name.size() - 1)));
+  const double outer = st_.Parse(U32ToUtf8(name.substr(1, x - 1)));
+  PipeInnerDiameter = static_cast<float>((outer - 2 * wall) / 1000);
+  const double d = PipeInnerDiameter;
+  st_.PipeArea = static_cast<float>(d * d * (3.14159 / 4));
+}
+
+void FrmRavolin::LookForStudyLeftBehind() {
+  const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize("SHEETS.TMP");
+  const auto [loopsExist, loopsSize] = ws_.FileExistsAndSize("LOOPS.TMP");
+  if (sheetsExist && sheetsSize > 0 && loopsExist && loopsSize > 0) {
+    // A study left behind: it stays where it is until the engineer is offered its recovery.
+    return;
+  }
+  const bool sheetsWithoutRows = sheetsExist && sheetsSize > 0 && loopsExist && loopsSize == 0;
+  const bool emptySheets = sheetsExist && sheetsSize == 0;
+  if (sheetsWithoutRows || emptySheets) KillRavoTemporaries(ws_);
+}
+
+void FrmRavolin::Form_Unload() {
+  KillRavoTemporaries(ws_);
+  RenameFiles(ws_, ".jpg", ".rvo");
+  closed_ = true;
+}
+
+bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
+  if (key.Code == KeyCode::F1 && !key.Ctrl && !key.Shift && !key.Alt) {
+    ShowManual();
+    return true;
+  }
+  return false;
+}
+
+void FrmRavolin::ShowManual() {
+  if (ws_.FileExists(kManualFile)) platform_.OpenDocument(ws_.PathOf(kManualFile));
+}
+
+void FrmRavolin::Grid_EditCell(int row, int col, const std::string& text) {
+  Grid.SetActiveCell(row, col);
+  Grid.SetText(row, col, text);
+}
+
+void FrmRavolin::Grid_Click(int row, int col) { Grid.SetActiveCell(row, col); }
+
+void FrmRavolin::Grid_MarkBlock(CellBlock block) {
+  Grid.SetBlock(block);
+  SelectionBlock = block;
+}
+
+void FrmRavolin::BuildControls() {
+  controls_["Caption"] = LabelControl(Caption);
+  const std::vector<std::pair<const char*, Field*>> inputs = {
+      {"TxtThema", &TxtThema},         {"TxtOwnership", &TxtOwnership},
+      {"TxtLoopNo", &TxtLoopNo},       {"TxtTempDrop", &TxtTempDrop},
+      {"TxtOrigTemp", &TxtOrigTemp},   {"TxtLoopLength", &TxtLoopLength},
+      {"TxtOtherRes", &TxtOtherRes}};
+  for (const auto& [name, field] : inputs) controls_[name] = TextBoxControl(*field, EventsOf(name));
+  const std::vector<std::pair<const char*, Field*>> outputs = {{"Txta_a", &Txta_a},
+                                                               {"TxtLoopLoad", &TxtLoopLoad},
+                                                               {"TxtFlow", &TxtFlow},
+                                                               {"TxtVelocity", &TxtVelocity},
+                                                               {"TxtSFR", &TxtSFR}};
+  for (const auto& [name, field] : outputs) controls_[name] = LabelControl(*field);
+  static std::vector<Field> captionFields;  // the captions never change
+  if (captionFields.empty())
+    for (const auto& c : Captions()) captionFields.push_back(Field{c.Text});
+  for (std::size_t i = 0; i < Captions().size(); ++i)
+    controls_[Captions()[i].Label] = LabelControl(captionFields[i]);
+  controls_["CboPipes"] = ComboControl(CboPipes, [] {});  // no change handler, kept on purpose
+  Control grid;
+  grid.Grid = &Grid;
+  grid.EditCell = [this](int r, int c, const std::string& t) { Grid_EditCell(r, c, t); };
+  grid.ClickCell = [this](int r, int c) { Grid_Click(r, c); };
+  grid.MarkBlock = [this](CellBlock b) { Grid_MarkBlock(b); };
+  controls_["Grid"] = grid;
+}

@@ -1,0 +1,134 @@
+#pragma once
+// The main screen: one calculation sheet, its header fields and its grid, as logic without
+// widgets. FrmRavolinView renders it; the script driver acts on it by the names of its
+// controls.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "CommandBoundary.h"
+#include "Controls.h"
+#include "Message.h"
+#include "Platform.h"
+#include "StudyState.h"
+#include "TextGrid.h"
+#include "Workspace.h"
+
+inline constexpr int kGridRows = 8;
+inline constexpr int kGridCols = 14;
+
+// A caption of the screen beside the control it names.
+struct HeaderCaption {
+  const char* Control;  // "TxtOwnership"
+  const char* Label;    // the control name of the caption itself, "LblOwnership"
+  const char* Text;     // "ΙΔΙΟΚΤΗΣΙΑ : "
+};
+
+class FrmRavolin : public ScriptScreen {
+ public:
+  static constexpr const char* kCaption =
+      "ΥΠΟΛΟΓΙΣΜΟΙ ΜΟΝΟΣΩΛΗΝΙΟΥ ΣΥΣΤΗΜΑΤΟΣ ΚΕΝΤΡΙΚΗΣ ΘΕΡΜΑΝΣΗΣ";
+  static constexpr const char* kDefaultThema = "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ";
+  static constexpr const char* kPipeListFile = "RavoPipes.txt";
+  static constexpr const char* kManualFile = "RM.pdf";
+
+  FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter, Platform& platform,
+             CommandBoundary& boundary);
+
+  // Captions of the header fields, in screen order.
+  static const std::vector<HeaderCaption>& Captions();
+  // The column heads of the grid, columns 1 to 14.
+  static const std::vector<std::string>& ColumnHeads();
+
+  // The screen's caption and fields.
+  Field Caption;
+  Field TxtThema, TxtOwnership, TxtLoopNo, TxtTempDrop, TxtOrigTemp, TxtLoopLength, TxtOtherRes;
+  Field Txta_a, TxtLoopLoad, TxtFlow, TxtVelocity, TxtSFR;
+  ComboBox CboPipes;
+  TextGrid Grid{kGridRows, kGridCols};
+
+  // State held by the screen itself.
+  float LoopTotalLoad = 0;      // Kcal/h
+  float PipeInnerDiameter = 0;  // m
+  int16_t InCalculation = 0;
+  float OldTempDrop = 0, OldOrigTemp = 0, OldRoomTemp = 0;
+  int32_t OldLoad = 0;
+  CellBlock SelectionBlock;
+
+  // Where the view must put the focus after the last event: a control name or "Grid".
+  std::string FocusTarget;
+
+  // Start-up (the load of the screen) and program end (its close).
+  void Form_Load();
+  void Form_Unload();
+  // The form sees every key first; true when the key was a command of the form.
+  bool Form_KeyDown(const KeyStroke& key);
+  void ShowManual();
+
+  // Sets PipeInnerDiameter and the shared PipeArea from a name such as "Φ16x1".
+  void FindPipeArea(const std::string& pipeName);
+
+  // Header fields.
+  void TxtThema_GotFocus();
+  void TxtThema_LostFocus();
+  void TxtOwnership_GotFocus();
+  bool TxtOwnership_KeyPress(char32_t ch);
+  void TxtLoopNo_GotFocus();
+  bool TxtLoopNo_KeyPress(char32_t ch);
+  void TxtTempDrop_GotFocus();
+  bool TxtTempDrop_KeyPress(char32_t ch);
+  void TxtTempDrop_LostFocus();
+  void TxtOrigTemp_GotFocus();
+  bool TxtOrigTemp_KeyPress(char32_t ch);
+  void TxtOrigTemp_LostFocus();
+  void TxtLoopLength_GotFocus();
+  bool TxtLoopLength_KeyPress(char32_t ch);
+  void TxtLoopLength_LostFocus();
+  void TxtOtherRes_GotFocus();
+  bool TxtOtherRes_KeyPress(char32_t ch);
+  void TxtOtherRes_LostFocus();
+
+  // The grid as the user works it.
+  void Grid_EditCell(int row, int col, const std::string& text);
+  void Grid_Click(int row, int col);
+  void Grid_MarkBlock(CellBlock block);
+
+  // Discarding results: the same few steps wherever the sheet's results become invalid.
+  void DeleteResultsCells();
+  void DeleteLoopData();
+  void DeleteSpreadData();
+
+  // The events of each text box (the view and the script driver use the same ones).
+  TextBoxEvents EventsOf(const std::string& control);
+
+  // ScriptScreen.
+  std::string ScreenName() const override { return "FrmRavolin"; }
+  ControlMap& Controls() override { return controls_; }
+  void KeyDown(const KeyStroke& key) override { Form_KeyDown(key); }
+  void CloseBox() override { Form_Unload(); }
+  bool Closed() const override { return closed_; }
+
+ private:
+  void TestResolution();
+  void BuildGrid();
+  void FindSeparators();
+  void SetStartValues();
+  void LoadPipeList();
+  void LookForStudyLeftBehind();
+  void BuildControls();
+  // A range check of the temperature fields on focus loss (messages -13 and -14).
+  void CheckTemperatureField(Field& field, const char* name, float& oldValue, double low, double high,
+                             int16_t rangeMessage);
+  void DiscardResults(bool withLoopData);
+  void RewriteThemaInRecords(const std::string& thema);
+  bool AcceptsDigits(char32_t ch, bool decimalSeparator);
+
+  Workspace& ws_;
+  StudyState& st_;
+  Prompter& prompter_;
+  Platform& platform_;
+  CommandBoundary& boundary_;
+  ControlMap controls_;
+  std::string oldThema_;
+  bool closed_ = false;
+};

@@ -1,0 +1,184 @@
+// The header fields of the main screen: what each accepts, and what happens when it gets and
+// loses the focus.
+#include <functional>
+#include <map>
+
+#include "FrmRavolin.h"
+#include "RavoMessages.h"
+#include "StudyRecords.h"
+
+namespace {
+constexpr char32_t kBackspace = 8;
+constexpr char32_t kEnter = 13;
+}  // namespace
+
+bool FrmRavolin::AcceptsDigits(char32_t ch, bool decimalSeparator) {
+  if (ch == kEnter) {
+    FocusTarget = "Grid";
+    return false;
+  }
+  if (ch == kBackspace || (ch >= U'0' && ch <= U'9')) return true;
+  return decimalSeparator && ch == st_.Seps().Decimal;
+}
+
+// "+" and "-" are refused in the two text fields, because those keys are the row commands.
+static bool AcceptsText(char32_t ch) { return ch != U'+' && ch != U'-'; }
+
+void FrmRavolin::TxtThema_GotFocus() { oldThema_ = TxtThema.Text; }
+
+void FrmRavolin::TxtThema_LostFocus() {
+  if (TxtThema.Text == oldThema_) return;
+  st_.StudyChanged = -1;
+  RewriteThemaInRecords(TxtThema.Text);
+  oldThema_ = TxtThema.Text;
+}
+
+// The subject is the same in every record of both files: each file is written anew through a
+// second file, so a failure leaves it whole.
+void FrmRavolin::RewriteThemaInRecords(const std::string& thema) {
+  auto rewrite = [&](const char* name, auto recordTag) {
+    using Record = decltype(recordTag);
+    const auto [exists, size] = ws_.FileExistsAndSize(name);
+    if (!exists || size == 0) return;
+    ws_.Rewrite(name, [&](const std::filesystem::path& second) {
+      RecordFile<Record> from(ws_.PathOf(name), RecordFileMode::ReadOnly);
+      RecordFile<Record> to(second);
+      const int32_t count = from.Count();
+      for (int32_t n = 1; n <= count; ++n) {
+        Record record = from.Read(n);
+        record.Thema = thema;
+        to.Write(n, record);
+      }
+    });
+  };
+  rewrite("SHEETS.TMP", SheetRecord{});
+  rewrite("LOOPS.TMP", LoopRecord{});
+}
+
+void FrmRavolin::TxtOwnership_GotFocus() {}
+bool FrmRavolin::TxtOwnership_KeyPress(char32_t ch) {
+  if (ch == kEnter) {
+    FocusTarget = "TxtLoopNo";
+    return false;
+  }
+  return AcceptsText(ch);
+}
+
+void FrmRavolin::TxtLoopNo_GotFocus() {}
+bool FrmRavolin::TxtLoopNo_KeyPress(char32_t ch) {
+  if (ch == kEnter) {
+    FocusTarget = "TxtTempDrop";
+    return false;
+  }
+  return AcceptsText(ch);
+}
+
+void FrmRavolin::TxtTempDrop_GotFocus() {
+  OldTempDrop = static_cast<float>(st_.Parse(TxtTempDrop.Text));
+}
+bool FrmRavolin::TxtTempDrop_KeyPress(char32_t ch) { return AcceptsDigits(ch, false); }
+void FrmRavolin::TxtTempDrop_LostFocus() {
+  CheckTemperatureField(TxtTempDrop, "TxtTempDrop", OldTempDrop, 8, 30, -13);
+}
+
+void FrmRavolin::TxtOrigTemp_GotFocus() {
+  OldOrigTemp = static_cast<float>(st_.Parse(TxtOrigTemp.Text));
+}
+bool FrmRavolin::TxtOrigTemp_KeyPress(char32_t ch) { return AcceptsDigits(ch, false); }
+void FrmRavolin::TxtOrigTemp_LostFocus() {
+  CheckTemperatureField(TxtOrigTemp, "TxtOrigTemp", OldOrigTemp, 30, 90, -14);
+}
+
+// Out of range: the message, the old value back, the focus stays. In range but
+// changed on a calculated sheet: question -5; "NO" puts the old value back.
+void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& oldValue, double low, double high,
+                                       int16_t rangeMessage) {
+  const double value = st_.Parse(field.Text);
+  if (value < low || value > high) {
+    RavoMessages(rangeMessage, prompter_, st_);
+    field.Text = CStrSingle(oldValue, st_.Seps());
+    FocusTarget = name;
+    return;
+  }
+  if (static_cast<float>(value) == oldValue || !st_.Calculated) return;
+  RavoMessages(-5, prompter_, st_);
+  const bool discard = st_.LastAnswer == "YES";
+  st_.LastAnswer.clear();
+  if (discard)
+    DiscardResults(true);
+  else
+    field.Text = CStrSingle(oldValue, st_.Seps());
+  FocusTarget = "Grid";
+}
+
+void FrmRavolin::TxtLoopLength_GotFocus() {
+  TxtLoopLength.Text = StripThousands(TxtLoopLength.Text, st_.Seps());
+}
+bool FrmRavolin::TxtLoopLength_KeyPress(char32_t ch) { return AcceptsDigits(ch, true); }
+void FrmRavolin::TxtLoopLength_LostFocus() {
+  TxtLoopLength.Text = st_.Format(st_.Parse(TxtLoopLength.Text), "#,##0.0");
+}
+
+void FrmRavolin::TxtOtherRes_GotFocus() {
+  TxtOtherRes.Text = StripThousands(TxtOtherRes.Text, st_.Seps());
+}
+bool FrmRavolin::TxtOtherRes_KeyPress(char32_t ch) { return AcceptsDigits(ch, true); }
+void FrmRavolin::TxtOtherRes_LostFocus() {
+  const double value = st_.Parse(TxtOtherRes.Text);
+  TxtOtherRes.Text = value == 0 ? std::string() : st_.Format(value, "#,##0.00");
+}
+
+void FrmRavolin::DiscardResults(bool withLoopData) {
+  st_.StudyChanged = -1;
+  DeleteResultsCells();
+  st_.Calculated = 0;
+  if (withLoopData) DeleteLoopData();
+}
+
+void FrmRavolin::DeleteResultsCells() {
+  LoopTotalLoad = 0;
+  TxtLoopLoad.Text.clear();
+  const int rows = Grid.DataRowCount();
+  for (int row = 1; row <= rows; ++row)
+    for (int col : {4, 5, 6, 7, 8, 9, 11, 12, 13, 14}) Grid.SetText(row, col, "");
+}
+
+void FrmRavolin::DeleteLoopData() {
+  for (Field* f : {&TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR}) f->Text.clear();
+}
+
+void FrmRavolin::DeleteSpreadData() {
+  Grid.ClearAll();
+  Grid.SetActiveCell(1, 1);
+}
+
+TextBoxEvents FrmRavolin::EventsOf(const std::string& control) {
+  using Events = TextBoxEvents;
+  auto accept = [](char32_t) { return true; };
+  auto none = [] {};
+  if (control == "TxtThema")
+    return Events{[this] { TxtThema_GotFocus(); }, accept, [this] { TxtThema_LostFocus(); }};
+  if (control == "TxtOwnership")
+    return Events{[this] { TxtOwnership_GotFocus(); },
+                  [this](char32_t c) { return TxtOwnership_KeyPress(c); }, none};
+  if (control == "TxtLoopNo")
+    return Events{[this] { TxtLoopNo_GotFocus(); },
+                  [this](char32_t c) { return TxtLoopNo_KeyPress(c); }, none};
+  if (control == "TxtTempDrop")
+    return Events{[this] { TxtTempDrop_GotFocus(); },
+                  [this](char32_t c) { return TxtTempDrop_KeyPress(c); },
+                  [this] { TxtTempDrop_LostFocus(); }};
+  if (control == "TxtOrigTemp")
+    return Events{[this] { TxtOrigTemp_GotFocus(); },
+                  [this](char32_t c) { return TxtOrigTemp_KeyPress(c); },
+                  [this] { TxtOrigTemp_LostFocus(); }};
+  if (control == "TxtLoopLength")
+    return Events{[this] { TxtLoopLength_GotFocus(); },
+                  [this](char32_t c) { return TxtLoopLength_KeyPress(c); },
+                  [this] { TxtLoopLength_LostFocus(); }};
+  if (control == "TxtOtherRes")
+    return Events{[this] { TxtOtherRes_GotFocus(); },
+                  [this](char32_t c) { return TxtOtherRes_KeyPress(c); },
+                  [this] { TxtOtherRes_LostFocus(); }};
+  return Events{none, accept, none};
+}

@@ -1,0 +1,111 @@
+// The main screen's view on the offscreen platform: the widgets show the logic's state and the
+// keys and edits reach its handlers.
+#include <gtest/gtest.h>
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QTest>
+
+#include "FrmRavolinView.h"
+#include "GridModel.h"
+#include "TempFolder.h"
+
+namespace {
+
+class FakePlatform : public Platform {
+ public:
+  std::vector<std::string> Opened;
+  DisplaySize Display() const override { return {1024, 768}; }
+  Separators NumberSeparators() const override { return {U',', U'.'}; }
+  void OpenDocument(const std::filesystem::path& file) override {
+    Opened.push_back(file.filename().string());
+  }
+};
+
+class ViewTest : public ::testing::Test {
+ protected:
+  ViewTest() : ws(folder.Path()) {
+    WriteAllBytes(folder / "RavoPipes.txt", "\xD6" "16x1\r\n\xD6" "18x1\r\n");
+    logic.Form_Load();
+    view.Render();
+    view.show();
+    view.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+    view.ApplyFocus();
+  }
+  TempFolder folder;
+  Workspace ws;
+  StudyState state;
+  ScriptedPrompter prompter;
+  FakePlatform platform;
+  CommandBoundary boundary{ws, prompter};
+  FrmRavolin logic{ws, state, prompter, platform, boundary};
+  FrmRavolinView view{logic, boundary};
+};
+
+TEST_F(ViewTest, ShowsTheLogicsCaptionFieldsAndGrid) {
+  EXPECT_EQ(view.windowTitle().toStdString(), FrmRavolin::kCaption);
+  EXPECT_EQ(view.TextBox("TxtThema")->text().toStdString(), "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
+  EXPECT_EQ(view.TextBox("TxtOrigTemp")->text(), QStringLiteral("85"));
+  EXPECT_EQ(view.Pipes()->count(), 2);
+  EXPECT_EQ(view.Pipes()->currentText(), QStringLiteral("Φ16x1"));
+  QAbstractItemModel* model = view.GridView()->model();
+  EXPECT_EQ(model->rowCount(), 8);
+  EXPECT_EQ(model->columnCount(), 14);
+  EXPECT_EQ(model->headerData(9, Qt::Horizontal).toString(),
+            GridModel::HeadForDisplay("ΤΥΠΟΣ ΘΕΡΜΑ- ΝΤΙΚΟΥ ΣΩΜΑ- ΤΟΣ"));
+  logic.Grid.SetText(2, 3, "20");
+  view.Render();
+  EXPECT_EQ(model->data(model->index(1, 2)).toString(), QStringLiteral("20"));
+}
+
+TEST_F(ViewTest, TheWindowFitsTheSmallestSupportedDisplayWithCaptionsUnclipped) {
+  EXPECT_LE(view.frameGeometry().width(), 1024);
+  EXPECT_LE(view.frameGeometry().height(), 768);
+  for (const auto& caption : FrmRavolin::Captions()) {
+    auto* label = view.findChild<QLabel*>(QString::fromLatin1(caption.Label));
+    ASSERT_NE(label, nullptr) << caption.Label;
+    EXPECT_GE(label->width(), label->sizeHint().width()) << caption.Label;
+  }
+  int gridWidth = view.GridView()->verticalHeader()->width();
+  for (int col = 0; col < 14; ++col) gridWidth += view.GridView()->columnWidth(col);
+  EXPECT_LE(gridWidth, view.GridView()->width());
+}
+
+TEST_F(ViewTest, TypingGoesThroughTheFieldsFilter) {
+  FilteredLineEdit* drop = view.TextBox("TxtTempDrop");
+  drop->setFocus();
+  QTest::keyClick(drop, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClicks(drop, "1x5");
+  EXPECT_EQ(drop->text(), QStringLiteral("15"));
+  EXPECT_EQ(logic.TxtTempDrop.Text, "15");
+}
+
+TEST_F(ViewTest, LeavingAFieldRunsItsCheck) {
+  FilteredLineEdit* drop = view.TextBox("TxtTempDrop");
+  drop->setFocus();
+  QTest::keyClick(drop, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClicks(drop, "7");
+  view.TextBox("TxtOwnership")->setFocus();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(drop->text(), QStringLiteral("20"));
+}
+
+TEST_F(ViewTest, F1ReachesTheFormWhicheverControlHasTheFocus) {
+  WriteAllBytes(folder / "RM.pdf", "%PDF");
+  view.GridView()->setFocus();
+  QTest::keyClick(view.GridView(), Qt::Key_F1);
+  view.TextBox("TxtOwnership")->setFocus();
+  QTest::keyClick(view.TextBox("TxtOwnership"), Qt::Key_F1);
+  EXPECT_EQ(platform.Opened, (std::vector<std::string>{"RM.pdf", "RM.pdf"}));
+}
+
+TEST_F(ViewTest, AnEditOfTheGridReachesTheLogic) {
+  QAbstractItemModel* model = view.GridView()->model();
+  EXPECT_TRUE(model->setData(model->index(0, 1), QStringLiteral("1000"), Qt::EditRole));
+  EXPECT_EQ(logic.Grid.Text(1, 2), "1000");
+  EXPECT_EQ(logic.Grid.ActiveRow(), 1);
+  EXPECT_EQ(logic.Grid.ActiveCol(), 2);
+}
+
+}  // namespace

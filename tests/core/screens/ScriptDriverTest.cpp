@@ -1,0 +1,480 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "CommandBoundary.h"
+#include "FakeScreens.h"
+#include "ScriptDriver.h"
+#include "TempFolder.h"
+#include "Workspace.h"
+
+namespace {
+
+using fake::FakeChild;
+using fake::FakeMain;
+using fake::Warning;
+
+class ScriptDriverTest : public ::testing::Test {
+ protected:
+  void SetUp() override { driver_.SetMainScreen(&main_); }
+  int Run(const std::string& text) { return driver_.RunText(text, "t.rvs", err_); }
+  // Runs a script that must pass, showing the error when it does not.
+  void Pass(const std::string& text) { ASSERT_EQ(Run(text), 0) << err_.str(); }
+
+  TempFolder folder_;
+  ScriptedPrompter prompter_;
+  std::ostringstream out_, err_;
+  ScriptDriver driver_{prompter_, folder_.Path(), out_};
+  std::vector<std::string> log_;
+  FakeChild grand_{"FrmGrand", driver_, log_};
+  FakeChild child_{"FrmChild", driver_, log_, &grand_};
+  FakeMain main_{prompter_, driver_, child_, log_};
+};
+
+TEST(ParseScript, SplitsWordsKeepsQuotesAndDropsComments) {
+  struct Case {
+    std::string Text;
+    std::vector<std::string> Words;
+    std::vector<bool> Quoted;
+  };
+  const std::vector<Case> cases = {
+      {"set FrmA.Txt \"Οικία Παπαδόπουλου\"     # focus, type, leave",
+       {"set", "FrmA.Txt", "Οικία Παπαδόπουλου"},
+       {false, false, true}},
+      {"expect FrmA.Txt \"say \\\"hi\\\" # no comment\"",
+       {"expect", "FrmA.Txt", "say \"hi\" # no comment"},
+       {false, false, true}},
+      {"choose FrmA.Cbo #2   # the third", {"choose", "FrmA.Cbo", "#2"}, {false, false, false}},
+      {"key FrmA F10#a comment", {"key", "FrmA", "F10"}, {false, false, false}},
+      {"\texpect  FrmA.Txt\t\"\"", {"expect", "FrmA.Txt", ""}, {false, false, true}},
+      {"answer file \"RVLFiles\\\\x.sht\"",
+       {"answer", "file", "RVLFiles\\x.sht"},
+       {false, false, true}},
+      {"answer file \"a\\b\"", {"answer", "file", "a\\b"}, {false, false, true}},
+      {"expect FrmA.Txt \"#1\"", {"expect", "FrmA.Txt", "#1"}, {false, false, true}},
+  };
+  for (const auto& c : cases) {
+    const auto lines = ParseScript(c.Text);
+    ASSERT_EQ(lines.size(), 1u) << c.Text;
+    EXPECT_EQ(lines[0].Words, c.Words) << c.Text;
+    EXPECT_EQ(lines[0].Quoted, c.Quoted) << c.Text;
+  }
+}
+
+TEST(ParseScript, NumbersTheLinesOfTheFileAndSkipsEmptyOnes) {
+  const auto lines =
+      ParseScript("\xEF\xBB\xBF# a script\n\nset a \"b\"\r\n   \n#2 press\nkey F F1");
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0].Number, 3);
+  EXPECT_EQ(lines[0].Words, (std::vector<std::string>{"set", "a", "b"}));
+  EXPECT_EQ(lines[1].Number, 6);
+  EXPECT_EQ(lines[1].Words, (std::vector<std::string>{"key", "F", "F1"}));
+}
+
+TEST(ParseScript, RefusesBrokenQuotes) {
+  for (const char* text : {"key a b\nset a \"b", "\nset a \"b\\\"", "\nset a \"b\"c"}) {
+    try {
+      ParseScript(text);
+      ADD_FAILURE() << text;
+    } catch (const ScriptError& e) {
+      EXPECT_EQ(e.Line, 2) << text;
+    }
+  }
+}
+
+TEST_F(ScriptDriverTest, TextBoxesAreTypedIntoAsAUserWould) {
+  Pass(R"(# a comment line
+set FrmFake.TxtValue "12a3"          # the filter drops the letter
+set FrmFake.TxtThema "Οικία \"Παπαδόπουλου\" # 2"
+expect FrmFake.TxtValue "123"
+expect FrmFake.TxtThema "Οικία \"Παπαδόπουλου\" # 2"
+set FrmFake.TxtValue ""
+expect FrmFake.TxtValue ""
+expect FrmFake.CmdGo "ΥΠΟΛΟΓΙΣΜΟΣ"
+expect screen FrmFake
+)");
+  EXPECT_EQ(main_.TxtValue.Text, "");
+  EXPECT_EQ(err_.str(), "");
+}
+
+TEST_F(ScriptDriverTest, GridsAreEditedClickedAndMarked) {
+  Pass(R"(cell FrmFake.Grid 2 3 "1000"
+expect FrmFake.Grid 2 3 "1000"
+expect FrmFake.Grid 1 1 ""
+click FrmFake.Grid 3 4
+mark FrmFake.Grid 1 2 3 4
+)");
+  EXPECT_EQ(main_.Grid.Text(2, 3), "1000");
+  EXPECT_EQ(main_.Grid.ActiveRow(), 3);
+  EXPECT_EQ(main_.Grid.ActiveCol(), 4);
+  const CellBlock b = main_.Grid.Block();
+  EXPECT_EQ(b.Row1, 1);
+  EXPECT_EQ(b.Col1, 2);
+  EXPECT_EQ(b.Row2, 3);
+  EXPECT_EQ(b.Col2, 4);
+  EXPECT_EQ(log_, std::vector<std::string>{"edit 2 3"});
+}
+
+TEST_F(ScriptDriverTest, DropDownsAndListsAreChosenAndChecked) {
+  Pass(R"(expect FrmFake.CboPipes "Φ16x1"
+choose FrmFake.CboPipes "Φ18x1"
+expect FrmFake.CboPipes "Φ18x1"
+choose FrmFake.CboPipes #0
+expect FrmFake.CboPipes "Φ14x1"
+expect FrmFake.CboPipes "Φ14x1" "Φ16x1" "Φ18x1"
+expect FrmFake.LstFiles "a.sht" "b.sht" "c.sht"
+expect FrmFake.LstEmpty
+select FrmFake.LstFiles "a.sht" "c.sht"
+)");
+  EXPECT_EQ(main_.Selected, (std::vector<std::string>{"a.sht", "c.sht"}));
+  EXPECT_EQ(log_, (std::vector<std::string>{"pipes clicked", "pipes clicked"}));
+  Pass("select FrmFake.LstFiles\n");
+  EXPECT_TRUE(main_.Selected.empty());
+}
+
+TEST_F(ScriptDriverTest, StatesAreBareWords) {
+  Pass(R"(expect FrmFake.CmdGo enabled
+expect FrmFake.CmdOff disabled
+expect FrmFake.CmdGone hidden
+expect FrmFake.TxtValue visible
+expect FrmFake.ChkSave unchecked
+press FrmFake.ChkSave
+expect FrmFake.ChkSave checked
+)");
+  EXPECT_TRUE(main_.Save);
+}
+
+TEST_F(ScriptDriverTest, KeysAndCloseGoToTheScreen) {
+  Pass("key FrmFake Shift-Q\nkey FrmFake Ctrl-Home\nkey FrmFake Plus\nclose FrmFake\n");
+  EXPECT_EQ(log_, (std::vector<std::string>{"key Shift-Q", "key Ctrl-Home", "key Plus",
+                                            "FrmFake close box"}));
+}
+
+TEST_F(ScriptDriverTest, MessagesAreExpectedInTheOrderShown) {
+  Pass(R"(expect no message
+key FrmFake F5
+press FrmFake.CmdGo
+expect message "F5"
+expect message "... ΓΡΑΜΜΗ 2 ..."
+expect no message
+press FrmFake.CmdGo
+expect message "... ΠΡΟΣΟΧΗ ..."
+expect no message
+)");
+  EXPECT_EQ(out_.str(),
+            "[message] F5\n"
+            "[message] ... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\n"
+            "[message] ... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\n");
+}
+
+TEST_F(ScriptDriverTest, MessagesShownBeforeTheScriptCanBeExpected) {
+  prompter_.Show(Warning());
+  Pass("expect message \"... ΓΡΑΜΜΗ 1 ...\"\nexpect no message\n");
+}
+
+TEST_F(ScriptDriverTest, QuestionsTakeTheQueuedAnswersThenTheirDefault) {
+  Pass(R"(answer NO
+answer YES
+press FrmFake.CmdAsk
+expect FrmFake.LblResult "NO"
+press FrmFake.CmdAsk
+expect FrmFake.LblResult "YES"
+answer NO
+press FrmFake.CmdAsk
+expect FrmFake.LblResult "NO"
+press FrmFake.CmdAsk
+expect FrmFake.LblResult "YES"
+expect message "!! ΠΡΟΣΟΧΗ !!"
+expect message "... ΣΥΝΕΧΕΙΑ ; ..."
+)");
+  EXPECT_EQ(out_.str(),
+            "[message] !! ΠΡΟΣΟΧΗ !! | ... ΣΥΝΕΧΕΙΑ ; ... -> NO\n"
+            "[message] !! ΠΡΟΣΟΧΗ !! | ... ΣΥΝΕΧΕΙΑ ; ... -> YES\n"
+            "[message] !! ΠΡΟΣΟΧΗ !! | ... ΣΥΝΕΧΕΙΑ ; ... -> NO\n"
+            "[message] !! ΠΡΟΣΟΧΗ !! | ... ΣΥΝΕΧΕΙΑ ; ... -> YES\n");
+}
+
+TEST_F(ScriptDriverTest, FileDialogsTakeTheQueuedFileAnswers) {
+  Pass(R"(answer file "RVLFiles/Μελέτη 1.sht"
+answer cancel
+press FrmFake.CmdFile
+expect FrmFake.LblResult "RVLFiles/Μελέτη 1.sht"
+press FrmFake.CmdFile
+expect FrmFake.LblResult "cancel"
+answer file "x.sht"
+press FrmFake.CmdFile
+expect FrmFake.LblResult "x.sht"
+)");
+  EXPECT_FALSE(driver_.TakeFileAnswer().has_value());
+}
+
+TEST_F(ScriptDriverTest, FilesOfTheProgramFolderAreChecked) {
+  std::filesystem::create_directories(folder_.Path() / "RVLFiles");
+  WriteAllBytes(folder_ / "SHEETS.TMP", std::string(196, '\0'));
+  WriteAllBytes(folder_ / "RVLFiles/Μελέτη 1.sht", "abc");
+  Pass(R"(expect file "SHEETS.TMP" size 196
+expect file "RVLFiles/Μελέτη 1.sht" size 3
+expect no file "LOOPS.TMP"
+expect no file "RVLFiles/Μελέτη 2.sht"
+)");
+}
+
+TEST_F(ScriptDriverTest, AModalScreenTakesTheLinesUntilItCloses) {
+  Pass(R"(press FrmFake.CmdOpen
+expect screen FrmChild
+set FrmChild.TxtName "Νίκος"
+press FrmChild.CmdOK
+expect screen FrmFake
+expect FrmFake.LblResult "after child: Νίκος"
+press FrmFake.CmdOpen
+key FrmChild Esc
+expect screen FrmFake
+press FrmFake.CmdOpen
+close FrmChild
+expect screen FrmFake
+)");
+  EXPECT_EQ(log_,
+            (std::vector<std::string>{"FrmChild returned", "FrmChild key Esc", "FrmChild returned",
+                                      "FrmChild close box", "FrmChild returned"}));
+}
+
+TEST_F(ScriptDriverTest, ScreensStillOpenWhenTheScriptEndsAreClosedInnermostFirst) {
+  Pass(R"(press FrmFake.CmdOpen
+press FrmChild.CmdOpen
+expect screen FrmGrand
+set FrmGrand.TxtName "Γ"
+)");
+  EXPECT_EQ(log_, (std::vector<std::string>{"FrmGrand close box", "FrmGrand returned",
+                                            "FrmChild close box", "FrmChild returned"}));
+  // Each command that opened a screen went on after it closed.
+  EXPECT_EQ(child_.Result, "after ");
+  EXPECT_EQ(main_.LblResult.Text, "after child: after ");
+}
+
+TEST_F(ScriptDriverTest, NestedScreensReturnToTheCommandThatOpenedThem) {
+  Pass(R"(press FrmFake.CmdOpen
+press FrmChild.CmdOpen
+set FrmGrand.TxtName "Γιώργος"
+press FrmGrand.CmdOK
+expect screen FrmChild
+press FrmChild.CmdOK
+expect FrmFake.LblResult "after child: "
+)");
+  EXPECT_EQ(child_.Result, "");  // OK took the name box, which the script never typed into
+  EXPECT_EQ(grand_.Result, "Γιώργος");
+}
+
+TEST_F(ScriptDriverTest, EveryActionRunsThroughTheCommandRunner) {
+  int commands = 0;
+  driver_.SetCommandRunner([&](const std::function<void()>& action) {
+    ++commands;
+    action();
+  });
+  Pass(R"(set FrmFake.TxtValue "1"
+expect FrmFake.TxtValue "1"
+press FrmFake.CmdOpen
+set FrmChild.TxtName "x"
+press FrmChild.CmdOK
+key FrmFake F1
+cell FrmFake.Grid 1 1 "2"
+click FrmFake.Grid 1 1
+mark FrmFake.Grid 1 1 2 2
+choose FrmFake.CboPipes #2
+select FrmFake.LstFiles "a.sht"
+close FrmFake
+answer YES
+)");
+  EXPECT_EQ(commands, 11);
+}
+
+TEST_F(ScriptDriverTest, AFailureInsideAModalScreenStopsTheWholeScript) {
+  EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect FrmChild.TxtName \"x\"\npress FrmFake.CmdGo\n"), 1);
+  EXPECT_EQ(err_.str(), "t.rvs:2: expected FrmChild.TxtName \"x\", found \"\"\n");
+  EXPECT_EQ(main_.LblResult.Text, "");  // the command that opened the screen never went on
+  EXPECT_TRUE(prompter_.History().empty());
+  // The driver is back at the main screen for the next run.
+  std::ostringstream err;
+  EXPECT_EQ(driver_.RunText("expect screen FrmFake\n", "u.rvs", err), 0) << err.str();
+}
+
+TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
+  Workspace ws(folder_.Path());
+  ws.SetPauseMilliseconds(0);
+  CommandBoundary boundary(ws, prompter_);
+  driver_.SetCommandRunner([&](const std::function<void()>& action) { boundary.Run(action); });
+  EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect screen FrmFake\n"), 1);
+  EXPECT_EQ(err_.str(), "t.rvs:2: expected screen FrmFake, found screen FrmChild\n");
+  EXPECT_TRUE(prompter_.History().empty());  // no fault box: the script stopped
+}
+
+TEST_F(ScriptDriverTest, TheFirstFailingExpectationStopsTheScript) {
+  EXPECT_EQ(Run("expect FrmFake.TxtValue \"85\"\nexpect FrmFake.TxtValue \"86\"\n"
+                "press FrmFake.CmdGo\nexpect FrmFake.TxtValue \"87\"\n"),
+            1);
+  EXPECT_EQ(err_.str(), "t.rvs:2: expected FrmFake.TxtValue \"86\", found \"85\"\n");
+  EXPECT_TRUE(prompter_.History().empty());
+}
+
+TEST_F(ScriptDriverTest, AFailureEscapingACommandStopsTheScript) {
+  EXPECT_EQ(Run("\npress FrmFake.CmdBoom\n"), 1);
+  EXPECT_EQ(err_.str(), "t.rvs:2: the line failed: boom\n");
+  std::ostringstream err;
+  EXPECT_EQ(driver_.RunText("press FrmFake.CmdOdd", "u.rvs", err), 1);
+  EXPECT_EQ(err.str(), "u.rvs:1: the line failed\n");
+}
+
+TEST_F(ScriptDriverTest, AScriptFileThatCannotBeReadFails) {
+  const auto missing = folder_ / "none.rvs";
+  EXPECT_EQ(driver_.RunFile(missing, err_), 1);
+  EXPECT_EQ(err_.str(), missing.string() + ": the script cannot be read\n");
+}
+
+TEST_F(ScriptDriverTest, AScriptFileNamesItselfInItsErrors) {
+  const auto file = folder_ / "Σενάριο.rvs";
+  WriteAllBytes(file, "expect no message\nexpect FrmFake.TxtValue \"1\"\n");
+  EXPECT_EQ(driver_.RunFile(file, err_), 1);
+  EXPECT_EQ(err_.str(), file.string() + ":2: expected FrmFake.TxtValue \"1\", found \"85\"\n");
+}
+
+TEST_F(ScriptDriverTest, FailuresSayWhatWasExpectedAndWhatWasFound) {
+  struct Case {
+    const char* Script;
+    const char* Error;
+  };
+  const std::string warning = "\"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\"";
+  const std::vector<Case> cases = {
+      {"# a comment\nexpect FrmFake.TxtValue \"86\"",
+       "t.rvs:2: expected FrmFake.TxtValue \"86\", found \"85\""},
+      {"expect FrmFake.CmdGo disabled", "t.rvs:1: expected FrmFake.CmdGo disabled, found enabled"},
+      {"expect FrmFake.CmdOff enabled", "t.rvs:1: expected FrmFake.CmdOff enabled, found disabled"},
+      {"expect FrmFake.CmdGone visible", "t.rvs:1: expected FrmFake.CmdGone visible, found hidden"},
+      {"expect FrmFake.ChkSave checked",
+       "t.rvs:1: expected FrmFake.ChkSave checked, found unchecked"},
+      {"\n\nexpect FrmFake.Grid 2 3 \"1,091\"",
+       "t.rvs:3: expected FrmFake.Grid 2 3 \"1,091\", found \"\""},
+      {"expect FrmFake.LstFiles \"a.sht\"",
+       "t.rvs:1: expected FrmFake.LstFiles \"a.sht\", found \"a.sht\" \"b.sht\" \"c.sht\""},
+      {"expect FrmFake.LstFiles",
+       "t.rvs:1: expected FrmFake.LstFiles (no entries), found \"a.sht\" \"b.sht\" \"c.sht\""},
+      {"expect FrmFake.LstEmpty \"x\"",
+       "t.rvs:1: expected FrmFake.LstEmpty \"x\", found (no entries)"},
+      {"expect FrmFake.CboPipes \"Φ18x1\"",
+       "t.rvs:1: expected FrmFake.CboPipes \"Φ18x1\", found \"Φ16x1\""},
+      {"expect screen FrmChild", "t.rvs:1: expected screen FrmChild, found screen FrmFake"},
+      {"expect message \"X\"",
+       "t.rvs:1: expected message \"X\", found none (no message box was shown since the last "
+       "expected one)"},
+      {"expect file \"SHEETS.TMP\" size 196",
+       "t.rvs:1: expected file \"SHEETS.TMP\" size 196, found no file \"SHEETS.TMP\""},
+      {"expect file \"KEEP.DAT\" size 5",
+       "t.rvs:1: expected file \"KEEP.DAT\" size 5, found file \"KEEP.DAT\" of size 4"},
+      {"expect no file \"KEEP.DAT\"",
+       "t.rvs:1: expected no file \"KEEP.DAT\", found file \"KEEP.DAT\" of size 4"},
+  };
+  for (const auto& c : cases) {
+    TempFolder folder;
+    WriteAllBytes(folder / "KEEP.DAT", "abcd");
+    ScriptedPrompter prompter;
+    std::ostringstream out, err;
+    ScriptDriver driver(prompter, folder.Path(), out);
+    std::vector<std::string> log;
+    FakeChild child("FrmChild", driver, log);
+    FakeMain main(prompter, driver, child, log);
+    driver.SetMainScreen(&main);
+    EXPECT_EQ(driver.RunText(c.Script, "t.rvs", err), 1) << c.Script;
+    EXPECT_EQ(err.str(), std::string(c.Error) + "\n") << c.Script;
+  }
+  EXPECT_EQ(Run("press FrmFake.CmdGo\nexpect message \"X\""), 1);
+  EXPECT_EQ(err_.str(), "t.rvs:2: expected message \"X\", found " + warning + "\n");
+}
+
+TEST_F(ScriptDriverTest, MessagesOutOfStepFail) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"press FrmFake.CmdGo\nexpect no message",
+       "t.rvs:2: expected no message, found \"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 "
+       "...\""},
+      {"press FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"\nexpect message \"... ΠΡΟΣΟΧΗ "
+       "...\"",
+       "t.rvs:3: expected message \"... ΠΡΟΣΟΧΗ ...\", found none (no message box was shown "
+       "since the last expected one)"},
+      {"key FrmFake F5\npress FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"",
+       "t.rvs:3: expected message \"... ΠΡΟΣΟΧΗ ...\", found \"F5\""},
+      {"key FrmFake F5\nexpect message \"F5\"\nkey FrmFake F5\nexpect no message",
+       "t.rvs:4: expected no message, found \"F5\""},
+  };
+  for (const auto& [script, error] : cases) {
+    ScriptedPrompter prompter;
+    std::ostringstream out, err;
+    ScriptDriver driver(prompter, folder_.Path(), out);
+    FakeMain main(prompter, driver, child_, log_);
+    driver.SetMainScreen(&main);
+    EXPECT_EQ(driver.RunText(script, "t.rvs", err), 1) << script;
+    EXPECT_EQ(err.str(), error + "\n") << script;
+  }
+}
+
+TEST_F(ScriptDriverTest, LinesThatCannotBeUnderstoodStopTheScript) {
+  struct Case {
+    const char* Script;
+    const char* Error;
+  };
+  const std::vector<Case> cases = {
+      {"frobnicate FrmFake", "t.rvs:1: unknown verb \"frobnicate\""},
+      {"press FrmNone.CmdGo",
+       "t.rvs:1: no open screen is named FrmNone (the screen on top is "
+       "FrmFake)"},
+      {"key FrmNone F1", "t.rvs:1: no open screen is named FrmNone (the screen on top is FrmFake)"},
+      {"press FrmFake.CmdNone", "t.rvs:1: FrmFake has no control \"CmdNone\""},
+      {"press CmdGo", "t.rvs:1: \"CmdGo\" does not name a control as FORM.Control"},
+      {"cell FrmFake.Grid x 1 \"5\"", "t.rvs:1: \"x\" is not a whole number"},
+      {"cell FrmFake.Grid 1 \"1\" \"5\"", "t.rvs:1: \"1\" is not a whole number"},
+      {"cell FrmFake.Grid 4 1 \"5\"",
+       "t.rvs:1: cell 4 1 is outside FrmFake.Grid (3 rows, 4 columns)"},
+      {"expect FrmFake.Grid 1 5 \"\"",
+       "t.rvs:1: cell 1 5 is outside FrmFake.Grid (3 rows, 4 columns)"},
+      {"set FrmFake.LblResult \"x\"", "t.rvs:1: FrmFake.LblResult cannot be typed into"},
+      {"press FrmFake.TxtValue", "t.rvs:1: FrmFake.TxtValue cannot be pressed"},
+      {"choose FrmFake.TxtValue \"x\"", "t.rvs:1: FrmFake.TxtValue cannot be chosen from"},
+      {"cell FrmFake.TxtValue 1 1 \"x\"", "t.rvs:1: FrmFake.TxtValue cannot be edited as a grid"},
+      {"press FrmFake.CmdOff", "t.rvs:1: FrmFake.CmdOff is disabled"},
+      {"press FrmFake.CmdGone", "t.rvs:1: FrmFake.CmdGone is hidden"},
+      {"key FrmFake F13", "t.rvs:1: unknown key \"F13\""},
+      {"set FrmFake.TxtValue \"1", "t.rvs:1: the quote is never closed"},
+      {"set FrmFake.TxtValue", "t.rvs:1: the line must read: set FORM.Control \"text\""},
+      {"press FrmFake.CmdGo now", "t.rvs:1: the line must read: press FORM.Control"},
+      {"answer MAYBE", "t.rvs:1: answer needs YES, NO, file \"path\" or cancel"},
+      {"expect FrmFake.TxtValue shiny",
+       "t.rvs:1: unknown state \"shiny\" (a text is always quoted)"},
+      {"expect FrmFake.Grid checked", "t.rvs:1: FrmFake.Grid has no checked state"},
+      {"expect FrmFake.TxtValue \"a\" \"b\"",
+       "t.rvs:1: FrmFake.TxtValue cannot be checked that way"},
+      {"expect nothing",
+       "t.rvs:1: expect needs FORM.Control, screen, message, no message, file or "
+       "no file"},
+      {"expect file \"KEEP.DAT\" size x", "t.rvs:1: \"x\" is not a whole number"},
+      {"choose FrmFake.CboPipes \"Φ99\"", "t.rvs:1: FrmFake.CboPipes has no entry \"Φ99\""},
+      {"choose FrmFake.CboPipes #3", "t.rvs:1: FrmFake.CboPipes has no entry #3"},
+      {"press FrmFake.CmdOpen\npress FrmFake.CmdGo",
+       "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top"},
+      {"press FrmFake.CmdOpen\nexpect FrmFake.TxtValue \"85\"",
+       "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top"},
+  };
+  for (const auto& c : cases) {
+    ScriptedPrompter prompter;
+    std::ostringstream out, err;
+    ScriptDriver driver(prompter, folder_.Path(), out);
+    std::vector<std::string> log;
+    FakeChild child("FrmChild", driver, log);
+    FakeMain main(prompter, driver, child, log);
+    driver.SetMainScreen(&main);
+    EXPECT_EQ(driver.RunText(c.Script, "t.rvs", err), 1) << c.Script;
+    EXPECT_EQ(err.str(), std::string(c.Error) + "\n") << c.Script;
+    EXPECT_TRUE(log.empty()) << c.Script;  // nothing ran, or the stop unwound the screen
+  }
+}
+
+}  // namespace

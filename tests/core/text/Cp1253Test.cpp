@@ -1,0 +1,178 @@
+// Our code page table against glibc's iconv, byte by byte and character by character.
+#include <gtest/gtest.h>
+#include <iconv.h>
+
+#include <optional>
+#include <set>
+#include <string>
+
+#include "Cp1253.h"
+
+namespace {
+
+// One conversion through iconv(3); nullopt when iconv refuses the input.
+class Iconv {
+ public:
+  Iconv(const char* to, const char* from) : cd_(iconv_open(to, from)) {}
+  ~Iconv() {
+    if (Ok()) iconv_close(cd_);
+  }
+  Iconv(const Iconv&) = delete;
+  Iconv& operator=(const Iconv&) = delete;
+  bool Ok() const { return cd_ != reinterpret_cast<iconv_t>(-1); }
+
+  std::optional<std::string> Convert(const std::string& input) {
+    iconv(cd_, nullptr, nullptr, nullptr, nullptr);
+    std::string in = input;
+    std::string out(input.size() * 8 + 8, '\0');
+    char* inPtr = in.data();
+    char* outPtr = out.data();
+    std::size_t inLeft = in.size();
+    std::size_t outLeft = out.size();
+    if (iconv(cd_, &inPtr, &inLeft, &outPtr, &outLeft) == static_cast<std::size_t>(-1)) {
+      return std::nullopt;
+    }
+    out.resize(out.size() - outLeft);
+    return out;
+  }
+
+ private:
+  iconv_t cd_;
+};
+
+const std::set<int> kUndefinedBytes = {0x81, 0x88, 0x8A, 0x8C, 0x8D, 0x8E, 0x8F, 0x90, 0x98,
+                                       0x9A, 0x9C, 0x9D, 0x9E, 0x9F, 0xAA, 0xD2, 0xFF};
+
+char32_t UndefinedByteCharacter(int byte) {
+  if (byte == 0xAA) return 0xF8F9;
+  if (byte == 0xD2) return 0xF8FA;
+  if (byte == 0xFF) return 0xF8FB;
+  return static_cast<char32_t>(byte);
+}
+
+std::string Utf8Of(char32_t ch) {
+  std::string s;
+  AppendUtf8(s, ch);
+  return s;
+}
+
+TEST(Cp1253, EveryByteReadsAsIconvReadsIt) {
+  Iconv toUtf8("UTF-8", "CP1253");
+  ASSERT_TRUE(toUtf8.Ok());
+  std::set<int> rejected;
+  for (int byte = 0; byte < 256; ++byte) {
+    const std::string one(1, static_cast<char>(byte));
+    const auto expected = toUtf8.Convert(one);
+    if (!expected) {
+      rejected.insert(byte);
+      EXPECT_EQ(Cp1253ToUnicode(static_cast<unsigned char>(byte)), UndefinedByteCharacter(byte))
+          << "byte " << byte;
+      continue;
+    }
+    EXPECT_EQ(Cp1253ToUtf8(one), *expected) << "byte " << byte;
+  }
+  EXPECT_EQ(rejected, kUndefinedBytes);
+}
+
+TEST(Cp1253, EveryByteWritesAsIconvWritesIt) {
+  Iconv toCp1253("CP1253", "UTF-8");
+  ASSERT_TRUE(toCp1253.Ok());
+  for (int byte = 0; byte < 256; ++byte) {
+    const char32_t ch = Cp1253ToUnicode(static_cast<unsigned char>(byte));
+    const auto viaIconv = toCp1253.Convert(Utf8Of(ch));
+    EXPECT_EQ(UnicodeToCp1253(ch), byte) << "byte " << byte;
+    if (kUndefinedBytes.count(byte)) {
+      EXPECT_FALSE(viaIconv.has_value()) << "byte " << byte;
+    } else {
+      ASSERT_TRUE(viaIconv.has_value()) << "byte " << byte;
+      EXPECT_EQ(*viaIconv, std::string(1, static_cast<char>(byte))) << "byte " << byte;
+    }
+  }
+}
+
+// No character of the Basic Multilingual Plane that iconv writes is missing from our table,
+// and none we write lands on another byte.
+TEST(Cp1253, CharactersOutsideTheTableAgreeWithIconv) {
+  Iconv toCp1253("CP1253", "UTF-32LE");
+  ASSERT_TRUE(toCp1253.Ok());
+  for (char32_t ch = 0; ch < 0x10000; ++ch) {
+    if (ch >= 0xD800 && ch <= 0xDFFF) continue;
+    std::string utf32(4, '\0');
+    for (int k = 0; k < 4; ++k) utf32[k] = static_cast<char>((ch >> (8 * k)) & 0xFF);
+    const auto viaIconv = toCp1253.Convert(utf32);
+    const int ours = UnicodeToCp1253(ch);
+    if (viaIconv) {
+      ASSERT_EQ(viaIconv->size(), 1u) << "U+" << std::hex << static_cast<uint32_t>(ch);
+      EXPECT_EQ(ours, static_cast<unsigned char>((*viaIconv)[0]))
+          << "U+" << std::hex << static_cast<uint32_t>(ch);
+    } else if (ours >= 0) {
+      EXPECT_TRUE(kUndefinedBytes.count(ours)) << "U+" << std::hex << static_cast<uint32_t>(ch);
+    }
+  }
+}
+
+TEST(Cp1253, AllBytesRoundTrip) {
+  std::string all;
+  for (int byte = 0; byte < 256; ++byte) all.push_back(static_cast<char>(byte));
+  const std::string utf8 = Cp1253ToUtf8(all);
+  EXPECT_TRUE(IsCp1253Representable(utf8));
+  EXPECT_EQ(Utf8ToCp1253(utf8), all);
+  EXPECT_EQ(Utf8ToCp1253(U32ToUtf8(Utf8ToU32(utf8))), all);
+}
+
+TEST(Cp1253, GreekTextRoundTrips) {
+  const std::string greek = "ΥΠΟΛΟΓΙΣΜΟΙ ΜΟΝΟΣΩΛΗΝΙΟΥ, Οικία Παπαδόπουλου · Φ16x1 ΐΰ΅΄Ά";
+  const std::string bytes = Utf8ToCp1253(greek);
+  EXPECT_EQ(bytes.find('?'), std::string::npos);
+  EXPECT_EQ(Cp1253ToUtf8(bytes), greek);
+  EXPECT_EQ(U32ToUtf8(Utf8ToU32(greek)), greek);
+}
+
+TEST(Cp1253, KnownBytesOfGreekLetters) {
+  EXPECT_EQ(Utf8ToCp1253("Άΐ΄Αας"), "\xA2\xC0\xB4\xC1\xE1\xF2");
+  EXPECT_EQ(Utf8ToU32("Ωω"), std::u32string({0x03A9, 0x03C9}));
+}
+
+TEST(Cp1253, CharactersOutsideTheCodePageBecomeTheReplacement) {
+  EXPECT_EQ(Utf8ToCp1253("a日b"), "a?b");
+  EXPECT_EQ(Utf8ToCp1253("ä€", '_'), "_\x80");
+  EXPECT_FALSE(IsCp1253Representable("Ä"));
+  EXPECT_TRUE(IsCp1253Representable("Ελληνικά €"));
+  EXPECT_EQ(UnicodeToCp1253(0x1F600), -1);
+  EXPECT_EQ(UnicodeToCp1253(0xFFFD), -1);
+}
+
+struct InvalidUtf8Case {
+  std::string Input;
+  std::u32string Decoded;
+};
+
+class InvalidUtf8 : public ::testing::TestWithParam<InvalidUtf8Case> {};
+
+TEST_P(InvalidUtf8, DecodesToReplacementsAndNeverRepresentable) {
+  const auto& c = GetParam();
+  EXPECT_EQ(Utf8ToU32(c.Input), c.Decoded);
+  EXPECT_FALSE(IsCp1253Representable(c.Input));
+  EXPECT_EQ(Utf8ToCp1253(c.Input).size(), c.Decoded.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cp1253, InvalidUtf8,
+    ::testing::Values(InvalidUtf8Case{"\xC3", U"\uFFFD"},                      // cut short
+                      InvalidUtf8Case{"a\xC3(", U"a\uFFFD("},                  // bad continuation
+                      InvalidUtf8Case{"\xC0\xAF", U"\uFFFD\uFFFD"},            // overlong
+                      InvalidUtf8Case{"\xED\xA0\x80", U"\uFFFD\uFFFD\uFFFD"},  // surrogate
+                      InvalidUtf8Case{"\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD"},
+                      InvalidUtf8Case{"\xFF", U"\uFFFD"}));
+
+TEST(Utf8, FourByteCharactersRoundTrip) {
+  const std::u32string text = {U'Α', 0x1F600, U'z', 0x10FFFF};
+  EXPECT_EQ(Utf8ToU32(U32ToUtf8(text)), text);
+  EXPECT_EQ(U32ToUtf8(std::u32string{0x1F600}), "\xF0\x9F\x98\x80");
+}
+
+TEST(Utf8, CharactersThatCannotBeEncodedBecomeTheReplacement) {
+  EXPECT_EQ(U32ToUtf8(std::u32string{0xD800, 0x110000}), "\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
+}  // namespace
