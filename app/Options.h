@@ -10,7 +10,7 @@ struct Options {
   int ScreenWidth = 1024;             // --screen WxH: the display a script run pretends to have
   int ScreenHeight = 768;
   bool Help = false;
-  std::string Error;                  // not empty: the command line could not be read
+  std::string Error;  // not empty: the command line could not be read
 };
 
 Options ParseOptions(const std::vector<std::string>& args);

@@ -22,14 +22,42 @@ struct ComboBox {
   int Index = -1;  // -1: nothing selected
   bool Enabled = true;
   bool Visible = true;
-  std::string Text() const { return Index >= 0 && Index < static_cast<int>(Items.size()) ? Items[Index] : std::string(); }
+  std::string Text() const {
+    return Index >= 0 && Index < static_cast<int>(Items.size()) ? Items[Index] : std::string();
+  }
 };
 
 // Keys that reach a screen. Char carries a typed character (letters for Shift-Q and the like).
 enum class KeyCode {
-  None, F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12,
-  Enter, Escape, Tab, Backspace, Delete, PageDown, PageUp, Home, End,
-  Up, Down, Left, Right, NumPlus, NumMinus, Char
+  None,
+  F1,
+  F2,
+  F3,
+  F4,
+  F5,
+  F6,
+  F7,
+  F8,
+  F9,
+  F10,
+  F11,
+  F12,
+  Enter,
+  Escape,
+  Tab,
+  Backspace,
+  Delete,
+  PageDown,
+  PageUp,
+  Home,
+  End,
+  Up,
+  Down,
+  Left,
+  Right,
+  NumPlus,
+  NumMinus,
+  Char
 };
 
 struct KeyStroke {
@@ -65,12 +93,12 @@ std::string FilterTyped(const std::string& current, const std::string& typed,
 
 // One control as the script driver sees it. Only the operations the control has are set.
 struct Control {
-  std::function<std::string()> GetText;                   // expect FORM.Ctl "text"
-  std::function<void(const std::string&)> Type;            // set FORM.Txt "text"
-  std::function<void()> Press;                             // press FORM.Ctl
-  std::function<void(const std::string&)> ChooseText;      // choose FORM.Cbo "entry"
-  std::function<void(int)> ChooseIndex;                    // choose FORM.Cbo #k
-  std::function<std::vector<std::string>()> Entries;       // expect FORM.Lst "a" "b"
+  std::function<std::string()> GetText;                         // expect FORM.Ctl "text"
+  std::function<void(const std::string&)> Type;                 // set FORM.Txt "text"
+  std::function<void()> Press;                                  // press FORM.Ctl
+  std::function<void(const std::string&)> ChooseText;           // choose FORM.Cbo "entry"
+  std::function<void(int)> ChooseIndex;                         // choose FORM.Cbo #k
+  std::function<std::vector<std::string>()> Entries;            // expect FORM.Lst "a" "b"
   std::function<void(const std::vector<std::string>&)> Select;  // select FORM.Lst "a"
   std::function<bool()> Enabled, Visible, Checked;
   // Grids.

@@ -16,8 +16,8 @@ struct Message {
   std::vector<std::string> Lines;  // shown with a line break between them
   MessageButtons Buttons = MessageButtons::Ok;
   MessageIcon Icon = MessageIcon::Exclamation;
-  Answer Default = Answer::Ok;     // the button that Enter presses
-  int Beeps = 0;                   // beeps before the box (most boxes of the system: two)
+  Answer Default = Answer::Ok;  // the button that Enter presses
+  int Beeps = 0;                // beeps before the box (most boxes of the system: two)
 
   bool IsQuestion() const { return Buttons == MessageButtons::YesNo; }
   // "Title | line 1 | line 2": how a script run prints a box.
@@ -45,7 +45,10 @@ class ScriptedPrompter : public Prompter {
   void QueueAnswer(Answer answer) { queued_.push_back(answer); }
   bool HasQueuedAnswers() const { return !queued_.empty(); }
   const std::vector<Shown>& History() const { return history_; }
-  void Clear() { history_.clear(); queued_.clear(); }
+  void Clear() {
+    history_.clear();
+    queued_.clear();
+  }
   // Called for every box shown, after the answer is known (the script prints it).
   std::function<void(const Shown&)> OnShown;
 

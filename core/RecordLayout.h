@@ -123,12 +123,24 @@ void EncodeRecord(const T& record, unsigned char* bytes) {
   for (const auto& f : RecordLayoutOf<T>::Value.Fields) {
     unsigned char* p = bytes + f.Offset;
     switch (f.Kind) {
-      case FieldKind::I16: PutI16(p, record.*(f.I16Member)); break;
-      case FieldKind::I32: PutI32(p, record.*(f.I32Member)); break;
-      case FieldKind::F32: PutF32(p, record.*(f.F32Member)); break;
-      case FieldKind::F64: PutF64(p, record.*(f.F64Member)); break;
-      case FieldKind::Text: PutText(p, f.Width, record.*(f.TextMember)); break;
-      case FieldKind::Raw: PutRaw(p, f.Width, record.*(f.TextMember)); break;
+      case FieldKind::I16:
+        PutI16(p, record.*(f.I16Member));
+        break;
+      case FieldKind::I32:
+        PutI32(p, record.*(f.I32Member));
+        break;
+      case FieldKind::F32:
+        PutF32(p, record.*(f.F32Member));
+        break;
+      case FieldKind::F64:
+        PutF64(p, record.*(f.F64Member));
+        break;
+      case FieldKind::Text:
+        PutText(p, f.Width, record.*(f.TextMember));
+        break;
+      case FieldKind::Raw:
+        PutRaw(p, f.Width, record.*(f.TextMember));
+        break;
     }
   }
 }
@@ -139,12 +151,24 @@ void DecodeRecord(const unsigned char* bytes, T& record) {
   for (const auto& f : RecordLayoutOf<T>::Value.Fields) {
     const unsigned char* p = bytes + f.Offset;
     switch (f.Kind) {
-      case FieldKind::I16: record.*(f.I16Member) = GetI16(p); break;
-      case FieldKind::I32: record.*(f.I32Member) = GetI32(p); break;
-      case FieldKind::F32: record.*(f.F32Member) = GetF32(p); break;
-      case FieldKind::F64: record.*(f.F64Member) = GetF64(p); break;
-      case FieldKind::Text: record.*(f.TextMember) = GetText(p, f.Width); break;
-      case FieldKind::Raw: record.*(f.TextMember) = GetRaw(p, f.Width); break;
+      case FieldKind::I16:
+        record.*(f.I16Member) = GetI16(p);
+        break;
+      case FieldKind::I32:
+        record.*(f.I32Member) = GetI32(p);
+        break;
+      case FieldKind::F32:
+        record.*(f.F32Member) = GetF32(p);
+        break;
+      case FieldKind::F64:
+        record.*(f.F64Member) = GetF64(p);
+        break;
+      case FieldKind::Text:
+        record.*(f.TextMember) = GetText(p, f.Width);
+        break;
+      case FieldKind::Raw:
+        record.*(f.TextMember) = GetRaw(p, f.Width);
+        break;
     }
   }
 }

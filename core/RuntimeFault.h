@@ -9,8 +9,8 @@
 // The codes are the old run-time's error numbers, so that a report names the same failure
 // an engineer may remember from the old program.
 enum class FaultCode : int {
-  InvalidCall = 5,       // invalid procedure call or argument
-  Overflow = 6,          // a value outside the range of its integer type
+  InvalidCall = 5,  // invalid procedure call or argument
+  Overflow = 6,     // a value outside the range of its integer type
   OutOfMemory = 7,
   DivisionByZero = 11,
   TypeMismatch = 13,
@@ -21,7 +21,7 @@ enum class FaultCode : int {
   PermissionDenied = 70,
   PathFileAccess = 75,
   PathNotFound = 76,
-  Internal = 1000,       // anything else that escaped a command (a fault of this program)
+  Internal = 1000,  // anything else that escaped a command (a fault of this program)
 };
 
 class RuntimeFault : public std::runtime_error {

@@ -45,28 +45,28 @@ struct RecordLayoutOf<SheetRecord> {
 };
 
 struct LoopRecord {
-  int16_t SheetNo = 0;       // the sheet that owns the row
-  std::string Thema;         // copy of SheetRecord.Thema
-  std::string Ownership;     // copy of SheetRecord.Ownership
-  std::string Reserved1;     // 53 bytes written back unchanged, read by nobody
-  std::string LoopNo;        // copy of SheetRecord.LoopNo
-  std::string PipeName;      // copy of SheetRecord.PipeName
-  int16_t RowNo = 0;         // 1 to 8
-  std::string SomaNo;        // the engineer's number of the radiator; empty: row unused
-  float RoomTemp = 0;        // °C, grid column 3
-  float Load = 0;            // Kcal/h, column 2
-  float InletTemp = 0;       // °C, column 5
-  float OutletTemp = 0;      // °C, column 6
-  float MeanTemp = 0;        // °C, column 7
+  int16_t SheetNo = 0;         // the sheet that owns the row
+  std::string Thema;           // copy of SheetRecord.Thema
+  std::string Ownership;       // copy of SheetRecord.Ownership
+  std::string Reserved1;       // 53 bytes written back unchanged, read by nobody
+  std::string LoopNo;          // copy of SheetRecord.LoopNo
+  std::string PipeName;        // copy of SheetRecord.PipeName
+  int16_t RowNo = 0;           // 1 to 8
+  std::string SomaNo;          // the engineer's number of the radiator; empty: row unused
+  float RoomTemp = 0;          // °C, grid column 3
+  float Load = 0;              // Kcal/h, column 2
+  float InletTemp = 0;         // °C, column 5
+  float OutletTemp = 0;        // °C, column 6
+  float MeanTemp = 0;          // °C, column 7
   float CorrectionFactor = 0;  // column 8
-  float EquivalentLoad = 0;  // Kcal/h at 80/20, column 9
-  std::string SomaType;      // radiator model, column 10
-  std::string SomaText;      // chosen radiator, e.g. 12/II/905, column 11
-  float SomaOutput = 0;      // Kcal/h, column 12
-  float SomaArea = 0;        // m², column 13
-  float SomaLength = 0;      // m, column 14
-  float SomaWater = 0;       // l, water content of the model
-  std::string Reserved2;     // four f32 never set: 16 bytes kept as they are
+  float EquivalentLoad = 0;    // Kcal/h at 80/20, column 9
+  std::string SomaType;        // radiator model, column 10
+  std::string SomaText;        // chosen radiator, e.g. 12/II/905, column 11
+  float SomaOutput = 0;        // Kcal/h, column 12
+  float SomaArea = 0;          // m², column 13
+  float SomaLength = 0;        // m, column 14
+  float SomaWater = 0;         // l, water content of the model
+  std::string Reserved2;       // four f32 never set: 16 bytes kept as they are
 };
 
 inline constexpr auto LoopRecordLayout = MakeLayout<LoopRecord, 298>(
@@ -74,13 +74,13 @@ inline constexpr auto LoopRecordLayout = MakeLayout<LoopRecord, 298>(
     Text(&LoopRecord::Ownership, 80, 30), Raw(&LoopRecord::Reserved1, 110, 53),
     Text(&LoopRecord::LoopNo, 163, 30), Text(&LoopRecord::PipeName, 193, 8),
     I16(&LoopRecord::RowNo, 201), Text(&LoopRecord::SomaNo, 203, 5),
-    F32(&LoopRecord::RoomTemp, 208), F32(&LoopRecord::Load, 212),
-    F32(&LoopRecord::InletTemp, 216), F32(&LoopRecord::OutletTemp, 220),
-    F32(&LoopRecord::MeanTemp, 224), F32(&LoopRecord::CorrectionFactor, 228),
-    F32(&LoopRecord::EquivalentLoad, 232), Text(&LoopRecord::SomaType, 236, 15),
-    Text(&LoopRecord::SomaText, 251, 15), F32(&LoopRecord::SomaOutput, 266),
-    F32(&LoopRecord::SomaArea, 270), F32(&LoopRecord::SomaLength, 274),
-    F32(&LoopRecord::SomaWater, 278), Raw(&LoopRecord::Reserved2, 282, 16));
+    F32(&LoopRecord::RoomTemp, 208), F32(&LoopRecord::Load, 212), F32(&LoopRecord::InletTemp, 216),
+    F32(&LoopRecord::OutletTemp, 220), F32(&LoopRecord::MeanTemp, 224),
+    F32(&LoopRecord::CorrectionFactor, 228), F32(&LoopRecord::EquivalentLoad, 232),
+    Text(&LoopRecord::SomaType, 236, 15), Text(&LoopRecord::SomaText, 251, 15),
+    F32(&LoopRecord::SomaOutput, 266), F32(&LoopRecord::SomaArea, 270),
+    F32(&LoopRecord::SomaLength, 274), F32(&LoopRecord::SomaWater, 278),
+    Raw(&LoopRecord::Reserved2, 282, 16));
 static_assert(LoopRecordLayout.Tiles(), "LoopRecord fields must tile 298 bytes");
 
 template <>

@@ -6,19 +6,19 @@
 #include "Numbers.h"
 
 struct StudyState {
-  int16_t CurrentSheet = 1;     // the sheet on the screen, from 1
-  int16_t SheetCount = 0;       // records in "SHEETS.TMP", recounted each time it is opened
-  int16_t Calculated = 0;       // 0 or -1: the sheet on the screen holds valid results
-  int16_t StudyChanged = 0;     // 0 or -1: something changed since the last save
-  int16_t ErrorFlag = 0;        // 0 nothing, -1 the caller reports, -2 already reported;
-                                // the count of decimal separators of a bad number (2 or more)
-  std::string LastAnswer;       // "YES" or "NO" of the last question; the caller empties it
-  int16_t SomaCategory = 1;     // radiator family in use; 1 is the family with sections
-  int16_t DecimalSep = '.';     // character codes of the locale's separators, found at start
+  int16_t CurrentSheet = 1;  // the sheet on the screen, from 1
+  int16_t SheetCount = 0;    // records in "SHEETS.TMP", recounted each time it is opened
+  int16_t Calculated = 0;    // 0 or -1: the sheet on the screen holds valid results
+  int16_t StudyChanged = 0;  // 0 or -1: something changed since the last save
+  int16_t ErrorFlag = 0;     // 0 nothing, -1 the caller reports, -2 already reported;
+                             // the count of decimal separators of a bad number (2 or more)
+  std::string LastAnswer;    // "YES" or "NO" of the last question; the caller empties it
+  int16_t SomaCategory = 1;  // radiator family in use; 1 is the family with sections
+  int16_t DecimalSep = '.';  // character codes of the locale's separators, found at start
   int16_t ThousandsSep = ',';
-  float PipeArea = 0;           // m², inner cross-section of the first pipe of the list
-  std::string StudyFileName;    // the study file opened, empty for a new study
-  int16_t ColumnsEditable = -1; // columns 1 to 3 stay open when a sheet is left
+  float PipeArea = 0;            // m², inner cross-section of the first pipe of the list
+  std::string StudyFileName;     // the study file opened, empty for a new study
+  int16_t ColumnsEditable = -1;  // columns 1 to 3 stay open when a sheet is left
 
   Separators Seps() const {
     return Separators{static_cast<char32_t>(static_cast<uint16_t>(DecimalSep)),

@@ -51,7 +51,8 @@ class Workspace : public FileJournal {
 
   // Rewrites a file through a second file: `write` fills the second file (its path given),
   // which is flushed to disk and renamed over `name`. A failure leaves `name` as it was.
-  void Rewrite(std::string_view name, const std::function<void(const std::filesystem::path&)>& write);
+  void Rewrite(std::string_view name,
+               const std::function<void(const std::filesystem::path&)>& write);
 
   // The names of the files of a folder of the program folder ("" for the folder itself) that
   // match a pattern such as "*.ths", without regard to case, in the order of a file list.

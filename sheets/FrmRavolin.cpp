@@ -32,7 +32,9 @@ Message ResolutionMessage() {
 }
 
 // The characters of a text as the old run-time counted them (one per character).
-std::u32string Chars(const std::string& text) { return Utf8ToU32(text); }
+std::u32string Chars(const std::string& text) {
+  return Utf8ToU32(text);
+}
 
 }  // namespace
 
@@ -108,7 +110,9 @@ void FrmRavolin::BuildGrid() {
   for (int col = 1; col <= kGridCols; ++col) Grid.SetHead(col, heads[col - 1]);
 }
 
-void FrmRavolin::FindSeparators() { st_.SetSeparators(platform_.NumberSeparators()); }
+void FrmRavolin::FindSeparators() {
+  st_.SetSeparators(platform_.NumberSeparators());
+}
 
 void FrmRavolin::SetStartValues() {
   st_.CurrentSheet = 1;
@@ -192,7 +196,9 @@ void FrmRavolin::Grid_EditCell(int row, int col, const std::string& text) {
   Grid.SetText(row, col, text);
 }
 
-void FrmRavolin::Grid_Click(int row, int col) { Grid.SetActiveCell(row, col); }
+void FrmRavolin::Grid_Click(int row, int col) {
+  Grid.SetActiveCell(row, col);
+}
 
 void FrmRavolin::Grid_MarkBlock(CellBlock block) {
   Grid.SetBlock(block);
@@ -202,9 +208,9 @@ void FrmRavolin::Grid_MarkBlock(CellBlock block) {
 void FrmRavolin::BuildControls() {
   controls_["Caption"] = LabelControl(Caption);
   const std::vector<std::pair<const char*, Field*>> inputs = {
-      {"TxtThema", &TxtThema},         {"TxtOwnership", &TxtOwnership},
-      {"TxtLoopNo", &TxtLoopNo},       {"TxtTempDrop", &TxtTempDrop},
-      {"TxtOrigTemp", &TxtOrigTemp},   {"TxtLoopLength", &TxtLoopLength},
+      {"TxtThema", &TxtThema},       {"TxtOwnership", &TxtOwnership},
+      {"TxtLoopNo", &TxtLoopNo},     {"TxtTempDrop", &TxtTempDrop},
+      {"TxtOrigTemp", &TxtOrigTemp}, {"TxtLoopLength", &TxtLoopLength},
       {"TxtOtherRes", &TxtOtherRes}};
   for (const auto& [name, field] : inputs) controls_[name] = TextBoxControl(*field, EventsOf(name));
   const std::vector<std::pair<const char*, Field*>> outputs = {{"Txta_a", &Txta_a},

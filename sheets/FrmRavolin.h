@@ -26,8 +26,7 @@ struct HeaderCaption {
 
 class FrmRavolin : public ScriptScreen {
  public:
-  static constexpr const char* kCaption =
-      "ΥΠΟΛΟΓΙΣΜΟΙ ΜΟΝΟΣΩΛΗΝΙΟΥ ΣΥΣΤΗΜΑΤΟΣ ΚΕΝΤΡΙΚΗΣ ΘΕΡΜΑΝΣΗΣ";
+  static constexpr const char* kCaption = "ΥΠΟΛΟΓΙΣΜΟΙ ΜΟΝΟΣΩΛΗΝΙΟΥ ΣΥΣΤΗΜΑΤΟΣ ΚΕΝΤΡΙΚΗΣ ΘΕΡΜΑΝΣΗΣ";
   static constexpr const char* kDefaultThema = "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ";
   static constexpr const char* kPipeListFile = "RavoPipes.txt";
   static constexpr const char* kManualFile = "RM.pdf";
@@ -117,8 +116,8 @@ class FrmRavolin : public ScriptScreen {
   void LookForStudyLeftBehind();
   void BuildControls();
   // A range check of the temperature fields on focus loss (messages -13 and -14).
-  void CheckTemperatureField(Field& field, const char* name, float& oldValue, double low, double high,
-                             int16_t rangeMessage);
+  void CheckTemperatureField(Field& field, const char* name, float& oldValue, double low,
+                             double high, int16_t rangeMessage);
   void DiscardResults(bool withLoopData);
   void RewriteThemaInRecords(const std::string& thema);
   bool AcceptsDigits(char32_t ch, bool decimalSeparator);

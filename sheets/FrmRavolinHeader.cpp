@@ -22,9 +22,13 @@ bool FrmRavolin::AcceptsDigits(char32_t ch, bool decimalSeparator) {
 }
 
 // "+" and "-" are refused in the two text fields, because those keys are the row commands.
-static bool AcceptsText(char32_t ch) { return ch != U'+' && ch != U'-'; }
+static bool AcceptsText(char32_t ch) {
+  return ch != U'+' && ch != U'-';
+}
 
-void FrmRavolin::TxtThema_GotFocus() { oldThema_ = TxtThema.Text; }
+void FrmRavolin::TxtThema_GotFocus() {
+  oldThema_ = TxtThema.Text;
+}
 
 void FrmRavolin::TxtThema_LostFocus() {
   if (TxtThema.Text == oldThema_) return;
@@ -76,7 +80,9 @@ bool FrmRavolin::TxtLoopNo_KeyPress(char32_t ch) {
 void FrmRavolin::TxtTempDrop_GotFocus() {
   OldTempDrop = static_cast<float>(st_.Parse(TxtTempDrop.Text));
 }
-bool FrmRavolin::TxtTempDrop_KeyPress(char32_t ch) { return AcceptsDigits(ch, false); }
+bool FrmRavolin::TxtTempDrop_KeyPress(char32_t ch) {
+  return AcceptsDigits(ch, false);
+}
 void FrmRavolin::TxtTempDrop_LostFocus() {
   CheckTemperatureField(TxtTempDrop, "TxtTempDrop", OldTempDrop, 8, 30, -13);
 }
@@ -84,15 +90,17 @@ void FrmRavolin::TxtTempDrop_LostFocus() {
 void FrmRavolin::TxtOrigTemp_GotFocus() {
   OldOrigTemp = static_cast<float>(st_.Parse(TxtOrigTemp.Text));
 }
-bool FrmRavolin::TxtOrigTemp_KeyPress(char32_t ch) { return AcceptsDigits(ch, false); }
+bool FrmRavolin::TxtOrigTemp_KeyPress(char32_t ch) {
+  return AcceptsDigits(ch, false);
+}
 void FrmRavolin::TxtOrigTemp_LostFocus() {
   CheckTemperatureField(TxtOrigTemp, "TxtOrigTemp", OldOrigTemp, 30, 90, -14);
 }
 
 // Out of range: the message, the old value back, the focus stays. In range but
 // changed on a calculated sheet: question -5; "NO" puts the old value back.
-void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& oldValue, double low, double high,
-                                       int16_t rangeMessage) {
+void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& oldValue, double low,
+                                       double high, int16_t rangeMessage) {
   const double value = st_.Parse(field.Text);
   if (value < low || value > high) {
     RavoMessages(rangeMessage, prompter_, st_);
@@ -114,7 +122,9 @@ void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& ol
 void FrmRavolin::TxtLoopLength_GotFocus() {
   TxtLoopLength.Text = StripThousands(TxtLoopLength.Text, st_.Seps());
 }
-bool FrmRavolin::TxtLoopLength_KeyPress(char32_t ch) { return AcceptsDigits(ch, true); }
+bool FrmRavolin::TxtLoopLength_KeyPress(char32_t ch) {
+  return AcceptsDigits(ch, true);
+}
 void FrmRavolin::TxtLoopLength_LostFocus() {
   TxtLoopLength.Text = st_.Format(st_.Parse(TxtLoopLength.Text), "#,##0.0");
 }
@@ -122,7 +132,9 @@ void FrmRavolin::TxtLoopLength_LostFocus() {
 void FrmRavolin::TxtOtherRes_GotFocus() {
   TxtOtherRes.Text = StripThousands(TxtOtherRes.Text, st_.Seps());
 }
-bool FrmRavolin::TxtOtherRes_KeyPress(char32_t ch) { return AcceptsDigits(ch, true); }
+bool FrmRavolin::TxtOtherRes_KeyPress(char32_t ch) {
+  return AcceptsDigits(ch, true);
+}
 void FrmRavolin::TxtOtherRes_LostFocus() {
   const double value = st_.Parse(TxtOtherRes.Text);
   TxtOtherRes.Text = value == 0 ? std::string() : st_.Format(value, "#,##0.00");

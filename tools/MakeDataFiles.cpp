@@ -33,7 +33,8 @@ int MakeText(const std::string& in, const std::string& out) {
     std::cerr << "make-data-files: cannot read " << in << '\n';
     return 1;
   }
-  const std::string text((std::istreambuf_iterator<char>(source)), std::istreambuf_iterator<char>());
+  const std::string text((std::istreambuf_iterator<char>(source)),
+                         std::istreambuf_iterator<char>());
   std::string bytes;
   for (const std::string& line : SourceLines(text)) {
     if (!IsCp1253Representable(line)) {

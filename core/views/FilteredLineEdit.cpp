@@ -6,8 +6,7 @@
 #include <QKeyEvent>
 #include <QTimer>
 
-FilteredLineEdit::FilteredLineEdit(Field& field, TextBoxEvents events, Runner run,
-                                   QWidget* parent)
+FilteredLineEdit::FilteredLineEdit(Field& field, TextBoxEvents events, Runner run, QWidget* parent)
     : QLineEdit(parent), field_(field), events_(std::move(events)), run_(std::move(run)) {
   connect(this, &QLineEdit::textEdited, this,
           [this](const QString& text) { field_.Text = text.toStdString(); });
@@ -30,10 +29,9 @@ bool FilteredLineEdit::AcceptsAll(const QString& text) {
 
 void FilteredLineEdit::PasteFiltered() {
   const std::string typed = QApplication::clipboard()->text().toStdString();
-  const std::string kept =
-      FilterTyped(std::string(), typed, events_.KeyPress ? events_.KeyPress
-                                                         : [](char32_t) { return true; },
-                  false);
+  const std::string kept = FilterTyped(
+      std::string(), typed, events_.KeyPress ? events_.KeyPress : [](char32_t) { return true; },
+      false);
   insert(QString::fromStdString(kept));
   field_.Text = text().toStdString();
 }

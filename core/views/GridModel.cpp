@@ -18,10 +18,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole || role == Qt::EditRole)
     return QString::fromStdString(grid_.Text(index.row() + 1, index.column() + 1));
   if (role == Qt::TextAlignmentRole)
-    return QVariant::fromValue(Qt::AlignVCenter | (index.column() == 0 || index.column() == 9 ||
-                                                           index.column() == 10
-                                                       ? Qt::AlignLeft
-                                                       : Qt::AlignRight));
+    return QVariant::fromValue(Qt::AlignVCenter |
+                               (index.column() == 0 || index.column() == 9 || index.column() == 10
+                                    ? Qt::AlignLeft
+                                    : Qt::AlignRight));
   return {};
 }
 

@@ -13,20 +13,47 @@ KeyStroke ToKeyStroke(const QKeyEvent& event) {
   }
   switch (k) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: key.Code = KeyCode::Enter; return key;
-    case Qt::Key_Escape: key.Code = KeyCode::Escape; return key;
-    case Qt::Key_Tab: key.Code = KeyCode::Tab; return key;
-    case Qt::Key_Backspace: key.Code = KeyCode::Backspace; return key;
-    case Qt::Key_Delete: key.Code = KeyCode::Delete; return key;
-    case Qt::Key_PageDown: key.Code = KeyCode::PageDown; return key;
-    case Qt::Key_PageUp: key.Code = KeyCode::PageUp; return key;
-    case Qt::Key_Home: key.Code = KeyCode::Home; return key;
-    case Qt::Key_End: key.Code = KeyCode::End; return key;
-    case Qt::Key_Up: key.Code = KeyCode::Up; return key;
-    case Qt::Key_Down: key.Code = KeyCode::Down; return key;
-    case Qt::Key_Left: key.Code = KeyCode::Left; return key;
-    case Qt::Key_Right: key.Code = KeyCode::Right; return key;
-    default: break;
+    case Qt::Key_Enter:
+      key.Code = KeyCode::Enter;
+      return key;
+    case Qt::Key_Escape:
+      key.Code = KeyCode::Escape;
+      return key;
+    case Qt::Key_Tab:
+      key.Code = KeyCode::Tab;
+      return key;
+    case Qt::Key_Backspace:
+      key.Code = KeyCode::Backspace;
+      return key;
+    case Qt::Key_Delete:
+      key.Code = KeyCode::Delete;
+      return key;
+    case Qt::Key_PageDown:
+      key.Code = KeyCode::PageDown;
+      return key;
+    case Qt::Key_PageUp:
+      key.Code = KeyCode::PageUp;
+      return key;
+    case Qt::Key_Home:
+      key.Code = KeyCode::Home;
+      return key;
+    case Qt::Key_End:
+      key.Code = KeyCode::End;
+      return key;
+    case Qt::Key_Up:
+      key.Code = KeyCode::Up;
+      return key;
+    case Qt::Key_Down:
+      key.Code = KeyCode::Down;
+      return key;
+    case Qt::Key_Left:
+      key.Code = KeyCode::Left;
+      return key;
+    case Qt::Key_Right:
+      key.Code = KeyCode::Right;
+      return key;
+    default:
+      break;
   }
   // "+" and "-" of the number pad are row commands; the same signs of the main keyboard are
   // typed characters.

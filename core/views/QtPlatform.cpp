@@ -15,10 +15,14 @@ DisplaySize QtPlatform::Display() const {
   return {size.width(), size.height()};
 }
 
-Separators QtPlatform::NumberSeparators() const { return SystemSeparators(); }
+Separators QtPlatform::NumberSeparators() const {
+  return SystemSeparators();
+}
 
 void QtPlatform::OpenDocument(const std::filesystem::path& file) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file.string())));
 }
 
-void QtPlatform::Beep() { QApplication::beep(); }
+void QtPlatform::Beep() {
+  QApplication::beep();
+}

@@ -14,9 +14,9 @@ namespace {
 // Units shown after the fields; decoration of the screen only.
 const std::map<std::string, const char*>& Units() {
   static const std::map<std::string, const char*> units = {
-      {"TxtTempDrop", "[°C]"},     {"TxtOrigTemp", "[°C]"},     {"TxtLoopLength", "[m]"},
-      {"TxtOtherRes", "[m]"},      {"TxtLoopLoad", "[Kcal/h]"}, {"TxtFlow", "[Lit/h]"},
-      {"TxtVelocity", "[m/sec]"},  {"TxtSFR", "[mm Σ.Υ./m]"}};
+      {"TxtTempDrop", "[°C]"},    {"TxtOrigTemp", "[°C]"},     {"TxtLoopLength", "[m]"},
+      {"TxtOtherRes", "[m]"},     {"TxtLoopLoad", "[Kcal/h]"}, {"TxtFlow", "[Lit/h]"},
+      {"TxtVelocity", "[m/sec]"}, {"TxtSFR", "[mm Σ.Υ./m]"}};
   return units;
 }
 
@@ -47,21 +47,24 @@ FrmRavolinView::FrmRavolinView(FrmRavolin& logic, CommandBoundary& boundary, QWi
   BuildHeader(header);
   layout->addLayout(header);
   BuildGrid();
-  layout->addWidget(grid_, 1);
+  layout->addWidget(grid_);
+  layout->addStretch(1);
   qApp->installEventFilter(this);
   resize(1000, 700);
   Render();
 }
 
-FrmRavolinView::~FrmRavolinView() { qApp->removeEventFilter(this); }
+FrmRavolinView::~FrmRavolinView() {
+  qApp->removeEventFilter(this);
+}
 
 void FrmRavolinView::BuildHeader(QGridLayout* layout) {
   // Inputs on the left, results on the right; the subject and the sheet number on top.
   const std::map<std::string, std::pair<int, int>> place = {
-      {"TxtThema", {0, 0}},      {"Txta_a", {0, 3}},       {"TxtOwnership", {1, 0}},
-      {"TxtLoopNo", {2, 0}},     {"TxtTempDrop", {3, 0}},  {"TxtOrigTemp", {4, 0}},
-      {"TxtLoopLength", {5, 0}}, {"TxtOtherRes", {6, 0}},  {"CboPipes", {7, 0}},
-      {"TxtLoopLoad", {1, 3}},   {"TxtFlow", {2, 3}},      {"TxtVelocity", {3, 3}},
+      {"TxtThema", {0, 0}},      {"Txta_a", {0, 3}},      {"TxtOwnership", {1, 0}},
+      {"TxtLoopNo", {2, 0}},     {"TxtTempDrop", {3, 0}}, {"TxtOrigTemp", {4, 0}},
+      {"TxtLoopLength", {5, 0}}, {"TxtOtherRes", {6, 0}}, {"CboPipes", {7, 0}},
+      {"TxtLoopLoad", {1, 3}},   {"TxtFlow", {2, 3}},     {"TxtVelocity", {3, 3}},
       {"TxtSFR", {4, 3}}};
   for (const auto& caption : FrmRavolin::Captions()) {
     const auto [row, col] = place.at(caption.Control);
@@ -79,8 +82,9 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
         Run([this, index] { logic_.Controls().at("CboPipes").ChooseIndex(index); });
       });
     } else {
-      auto* box = new FilteredLineEdit(FieldOf(logic_, name), logic_.EventsOf(name),
-                                       [this](const std::function<void()>& h) { Run(h); }, this);
+      auto* box = new FilteredLineEdit(
+          FieldOf(logic_, name), logic_.EventsOf(name),
+          [this](const std::function<void()>& h) { Run(h); }, this);
       box->setObjectName(QString::fromStdString(name));
       box->setReadOnly(!FieldOf(logic_, name).Enabled);
       boxes_[name] = box;
@@ -103,7 +107,9 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
 void FrmRavolinView::BuildGrid() {
   model_ = new GridModel(
       logic_.Grid,
-      [this](int r, int c, const std::string& t) { Run([=, this] { logic_.Grid_EditCell(r, c, t); }); },
+      [this](int r, int c, const std::string& t) {
+        Run([=, this] { logic_.Grid_EditCell(r, c, t); });
+      },
       this);
   grid_ = new QTableView(this);
   grid_->setObjectName(QStringLiteral("Grid"));
@@ -118,6 +124,8 @@ void FrmRavolinView::BuildGrid() {
   grid_->verticalHeader()->setDefaultSectionSize(26);
   grid_->verticalHeader()->setMinimumWidth(24);
   grid_->setEditTriggers(QAbstractItemView::AllEditTriggers);
+  // The eight rows of a loop and the heads, without an empty area below them.
+  grid_->setFixedHeight(heads->minimumHeight() + kGridRows * 26 + 2 * grid_->frameWidth() + 4);
   connect(grid_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current) {
             if (rendering_ || !current.isValid()) return;
@@ -158,7 +166,8 @@ void FrmRavolinView::Render() {
   }
   pipes_->setCurrentIndex(logic_.CboPipes.Index);
   model_->Refresh();
-  const QModelIndex active = model_->index(logic_.Grid.ActiveRow() - 1, logic_.Grid.ActiveCol() - 1);
+  const QModelIndex active =
+      model_->index(logic_.Grid.ActiveRow() - 1, logic_.Grid.ActiveCol() - 1);
   if (grid_->currentIndex() != active) grid_->setCurrentIndex(active);
   rendering_ = false;
 }

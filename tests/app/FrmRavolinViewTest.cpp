@@ -25,7 +25,10 @@ class FakePlatform : public Platform {
 class ViewTest : public ::testing::Test {
  protected:
   ViewTest() : ws(folder.Path()) {
-    WriteAllBytes(folder / "RavoPipes.txt", "\xD6" "16x1\r\n\xD6" "18x1\r\n");
+    WriteAllBytes(folder / "RavoPipes.txt",
+                  "\xD6"
+                  "16x1\r\n\xD6"
+                  "18x1\r\n");
     logic.Form_Load();
     view.Render();
     view.show();

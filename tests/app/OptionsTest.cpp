@@ -5,8 +5,8 @@
 namespace {
 
 TEST(Options, ReadsEveryOption) {
-  const Options o = ParseOptions({"--home", "/tmp/ravo home", "--script", "a.rvs", "--screen",
-                                  "800x600"});
+  const Options o =
+      ParseOptions({"--home", "/tmp/ravo home", "--script", "a.rvs", "--screen", "800x600"});
   EXPECT_TRUE(o.Error.empty());
   EXPECT_EQ(o.Home, "/tmp/ravo home");
   EXPECT_EQ(o.Script, "a.rvs");

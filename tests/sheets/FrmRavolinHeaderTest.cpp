@@ -1,7 +1,7 @@
 // The header fields of the main screen: filters, focus behaviour and range checks.
 #include "RavoMessages.h"
-#include "SheetsFixture.h"
 #include "RecordFile.h"
+#include "SheetsFixture.h"
 #include "StudyRecords.h"
 
 namespace {
@@ -23,11 +23,16 @@ struct TypedCase {
 
 TEST_F(HeaderTest, EachFieldKeepsOnlyWhatItAcceptsAndShowsItInItsFormat) {
   const TypedCase greek[] = {
-      {"TxtTempDrop", "1a5", "15"},          {"TxtTempDrop", "2,5", "25"},
-      {"TxtOrigTemp", "7-0", "70"},          {"TxtLoopLength", "1234,5", "1.234,5"},
-      {"TxtLoopLength", "12.5", "125,0"},    {"TxtLoopLength", "abc", "125,0"},
-      {"TxtOtherRes", "2,5", "2,50"},        {"TxtOtherRes", "0", ""},
-      {"TxtOwnership", "Οικία-Α+Β", "ΟικίαΑΒ"}, {"TxtLoopNo", "Κ-1", "Κ1"},
+      {"TxtTempDrop", "1a5", "15"},
+      {"TxtTempDrop", "2,5", "25"},
+      {"TxtOrigTemp", "7-0", "70"},
+      {"TxtLoopLength", "1234,5", "1.234,5"},
+      {"TxtLoopLength", "12.5", "125,0"},
+      {"TxtLoopLength", "abc", "125,0"},
+      {"TxtOtherRes", "2,5", "2,50"},
+      {"TxtOtherRes", "0", ""},
+      {"TxtOwnership", "Οικία-Α+Β", "ΟικίαΑΒ"},
+      {"TxtLoopNo", "Κ-1", "Κ1"},
       {"TxtThema", "Νέο +- θέμα", "Νέο +- θέμα"},
   };
   FrmRavolin& f = LoadWith(kGreek);
@@ -204,7 +209,8 @@ TEST_F(HeaderTest, ANewSubjectIsWrittenIntoEveryRecordOfBothFiles) {
   for (int n = 1; n <= 2; ++n) EXPECT_EQ(sheets.Read(n).Thema, "ΠΟΛΥΚΑΤΟΙΚΙΑ ΣΤΗΝ ΚΗΦΙΣΙΑ");
   for (int n = 1; n <= 16; ++n) EXPECT_EQ(loops.Read(n).Thema, "ΠΟΛΥΚΑΤΟΙΚΙΑ ΣΤΗΝ ΚΗΦΙΣΙΑ");
   // Nothing but the subject changed, reserved bytes included.
-  EXPECT_EQ(WithoutThema(ReadAllBytes(folder / "SHEETS.TMP"), 196), WithoutThema(sheetsBefore, 196));
+  EXPECT_EQ(WithoutThema(ReadAllBytes(folder / "SHEETS.TMP"), 196),
+            WithoutThema(sheetsBefore, 196));
   EXPECT_EQ(WithoutThema(ReadAllBytes(folder / "LOOPS.TMP"), 298), WithoutThema(loopsBefore, 298));
 }
 
@@ -225,7 +231,8 @@ TEST_F(HeaderTest, ANewSubjectWithoutWorkingFilesCreatesNone) {
 }
 
 // A failure half-way through a command: the sheets file has been rewritten when the second
-// file of the rows cannot be made (a folder stands in its place). The boundary reports it and the sheets file is as it was.
+// file of the rows cannot be made (a folder stands in its place). The boundary reports it and the
+// sheets file is as it was.
 TEST_F(HeaderTest, AFaultHalfWayThroughACommandLeavesTheWorkingFilesAsTheyWere) {
   FrmRavolin& f = LoadWith(kGreek);
   WriteStudy(ws);

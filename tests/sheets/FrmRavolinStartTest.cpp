@@ -1,6 +1,6 @@
 // The start and the end of the program on the main screen.
-#include "SheetsFixture.h"
 #include "RuntimeFault.h"
+#include "SheetsFixture.h"
 
 namespace {
 
@@ -35,8 +35,8 @@ TEST_F(SheetsTest, TheSeparatorsComeFromTheLocaleAtStart) {
 
 struct PipeCase {
   const char* Name;
-  float Inner;   // m
-  double Area;   // m²
+  float Inner;  // m
+  double Area;  // m²
 };
 
 TEST_F(SheetsTest, FindPipeAreaReadsOuterDiameterAndASingleDigitWall) {
@@ -114,8 +114,8 @@ struct DisplayCase {
 
 TEST_F(SheetsTest, OnlyADisplayShortInBothDirectionsIsWarnedAbout) {
   WritePipes({"Φ16x1"});
-  const DisplayCase cases[] = {{800, 600, true},   {1023, 767, true}, {1024, 600, false},
-                               {800, 768, false},  {1024, 768, false}, {1920, 1080, false}};
+  const DisplayCase cases[] = {{800, 600, true},  {1023, 767, true},  {1024, 600, false},
+                               {800, 768, false}, {1024, 768, false}, {1920, 1080, false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(std::to_string(c.Width) + "x" + std::to_string(c.Height));
     prompter.Clear();
