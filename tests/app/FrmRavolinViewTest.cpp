@@ -6,25 +6,17 @@
 #include <QLabel>
 #include <QTest>
 
+#include "FakePlatform.h"
 #include "FrmRavolinView.h"
 #include "GridModel.h"
 #include "TempFolder.h"
 
 namespace {
 
-class FakePlatform : public Platform {
- public:
-  std::vector<std::string> Opened;
-  DisplaySize Display() const override { return {1024, 768}; }
-  Separators NumberSeparators() const override { return {U',', U'.'}; }
-  void OpenDocument(const std::filesystem::path& file) override {
-    Opened.push_back(file.filename().string());
-  }
-};
-
 class ViewTest : public ::testing::Test {
  protected:
   ViewTest() : ws(folder.Path()) {
+    platform.Seps = {U',', U'.'};
     WriteAllBytes(folder / "RavoPipes.txt",
                   "\xD6"
                   "16x1\r\n\xD6"

@@ -9,23 +9,12 @@
 
 #include "CommandBoundary.h"
 #include "Cp1253.h"
+#include "FakePlatform.h"
 #include "FrmRavolin.h"
 #include "Message.h"
 #include "StudyState.h"
 #include "TempFolder.h"
 #include "Workspace.h"
-
-class FakePlatform : public Platform {
- public:
-  DisplaySize Size{1024, 768};
-  Separators Seps{U'.', U','};
-  std::vector<std::string> Opened;
-  DisplaySize Display() const override { return Size; }
-  Separators NumberSeparators() const override { return Seps; }
-  void OpenDocument(const std::filesystem::path& file) override {
-    Opened.push_back(file.filename().string());
-  }
-};
 
 inline const Separators kGreek{U',', U'.'};
 inline const Separators kEnglish{U'.', U','};
