@@ -177,3 +177,10 @@ void AppendUtf8(std::string& out, char32_t ch) {
     out.push_back(static_cast<char>(0x80 | (ch & 0x3F)));
   }
 }
+
+std::string Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  const std::size_t last = text.find_last_not_of(' ');
+  return std::string(text.substr(first, last - first + 1));
+}

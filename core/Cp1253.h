@@ -26,3 +26,6 @@ bool IsCp1253Representable(std::string_view utf8);
 std::u32string Utf8ToU32(std::string_view utf8);
 std::string U32ToUtf8(std::u32string_view text);
 void AppendUtf8(std::string& out, char32_t ch);
+
+// The run-time's Trim: leading and trailing blanks go, tabs and other spaces stay.
+std::string Trim(std::string_view text);

@@ -344,6 +344,11 @@ std::string StrNumber(double value) {
   return value >= 0 ? " " + text : text;
 }
 
+std::string StrSingle(float value) {
+  const std::string text = GeneralText(static_cast<double>(value), 7, U'.', false);
+  return value >= 0 ? " " + text : text;
+}
+
 // ---- Format --------------------------------------------------------------------------------
 
 namespace {

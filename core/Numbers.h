@@ -61,3 +61,5 @@ std::string CStrDouble(double value, Separators seps);
 std::string CStrSingle(float value, Separators seps);
 // Str(x): "." always, a leading blank for zero and positive values.
 std::string StrNumber(double value);
+// Str of a Single: its text to 7 significant digits.
+std::string StrSingle(float value);

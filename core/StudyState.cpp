@@ -9,5 +9,7 @@ void StudyState::InitializeVariables() {
   SomaCategory = 0;
   PipeArea = 0;
   StudyFileName.clear();
+  Thema.clear();
   ColumnsEditable = 0;
+  SomaRecords = 0;
 }

@@ -18,7 +18,9 @@ struct StudyState {
   int16_t ThousandsSep = ',';
   float PipeArea = 0;            // m², inner cross-section of the first pipe of the list
   std::string StudyFileName;     // the study file opened, empty for a new study
+  std::string Thema;             // the subject of the study as the sheet on the screen shows it
   int16_t ColumnsEditable = -1;  // columns 1 to 3 stay open when a sheet is left
+  int16_t SomaRecords = 0;       // records of the radiator type file read last
 
   Separators Seps() const {
     return Separators{static_cast<char32_t>(static_cast<uint16_t>(DecimalSep)),
@@ -33,6 +35,10 @@ struct StudyState {
   double Parse(std::string_view text) { return ParseNumber(text, Seps(), ErrorFlag); }
   std::string Format(double value, std::string_view pattern) const {
     return FormatNumber(value, pattern, Seps());
+  }
+  // The same for a quantity kept in single precision.
+  std::string FormatF(float value, std::string_view pattern) const {
+    return FormatSingle(value, pattern, Seps());
   }
 
   // Returns the shared state to its empty value: numbers 0, texts empty, StudyChanged,

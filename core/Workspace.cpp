@@ -336,6 +336,18 @@ std::pair<int16_t, uint64_t> Workspace::FileExistsAndSize(std::string_view name)
   return {-1, size};
 }
 
+std::optional<fs::file_time_type> Workspace::LastWriteTime(std::string_view name) const {
+  std::error_code ec;
+  const fs::file_time_type time = fs::last_write_time(PathOf(name), ec);
+  if (ec) return std::nullopt;
+  return time;
+}
+
+void Workspace::SetLastWriteTime(std::string_view name, fs::file_time_type time) const {
+  std::error_code ec;
+  fs::last_write_time(PathOf(name), time, ec);  // a date that cannot be kept is no failure
+}
+
 // ---- File operations --------------------------------------------------------------------------
 
 void Workspace::Delete(std::string_view name, bool ignoreErrors) {

@@ -42,6 +42,11 @@ class Workspace : public FileJournal {
   // The same with the byte length (0 when absent).
   std::pair<int16_t, uint64_t> FileExistsAndSize(std::string_view name) const;
 
+  // The last-write time of a file, and putting it back (a rewrite that must not look like an
+  // edit). A missing file gives nullopt; setting the time of a missing file does nothing.
+  std::optional<std::filesystem::file_time_type> LastWriteTime(std::string_view name) const;
+  void SetLastWriteTime(std::string_view name, std::filesystem::file_time_type time) const;
+
   // Each of these waits the pause first. Delete of an absent file does nothing.
   // With ignoreErrors the failure is swallowed, as the system does where it says so;
   // otherwise it throws RuntimeFault.

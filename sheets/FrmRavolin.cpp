@@ -79,7 +79,12 @@ const std::vector<std::string>& FrmRavolin::ColumnHeads() {
 
 FrmRavolin::FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter,
                        Platform& platform, CommandBoundary& boundary)
-    : ws_(workspace), st_(state), prompter_(prompter), platform_(platform), boundary_(boundary) {
+    : ws_(workspace),
+      st_(state),
+      prompter_(prompter),
+      platform_(platform),
+      boundary_(boundary),
+      sizing_(workspace, state) {
   Caption.Text = kCaption;
   for (auto* output : {&Txta_a, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR})
     output->Enabled = false;  // shown, never typed into
@@ -95,6 +100,7 @@ void FrmRavolin::Form_Load() {
   Guarded(boundary_, [&] { LoadPipeList(); });
   TxtThema.Text = kDefaultThema;
   Guarded(boundary_, [&] { RenameFiles(ws_, ".rvo", ".jpg"); });
+  Guarded(boundary_, [&] { TestSomaFiles(); });
   Guarded(boundary_, [&] { LookForStudyLeftBehind(); });
   FocusTarget = "Grid";
 }
@@ -180,8 +186,13 @@ void FrmRavolin::Form_Unload() {
 }
 
 bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
-  if (key.Code == KeyCode::F1 && !key.Ctrl && !key.Shift && !key.Alt) {
+  const bool plain = !key.Ctrl && !key.Shift && !key.Alt;
+  if (key.Code == KeyCode::F1 && plain) {
     ShowManual();
+    return true;
+  }
+  if (key.Code == KeyCode::F10 && plain) {
+    CmdCalc_Click();
     return true;
   }
   return false;
@@ -225,6 +236,8 @@ void FrmRavolin::BuildControls() {
   for (std::size_t i = 0; i < Captions().size(); ++i)
     controls_[Captions()[i].Label] = LabelControl(captionFields[i]);
   controls_["CboPipes"] = ComboControl(CboPipes, [] {});  // no change handler, kept on purpose
+  controls_["CboSomata"] = ComboControl(CboSomata, [this] { CboSomata_Click(); });
+  controls_["CmdCalc"] = CommandControl(CmdCalc, [this] { CmdCalc_Click(); });
   Control grid;
   grid.Grid = &Grid;
   grid.EditCell = [this](int r, int c, const std::string& t) { Grid_EditCell(r, c, t); };

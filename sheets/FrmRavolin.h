@@ -3,6 +3,7 @@
 // widgets. FrmRavolinView renders it; the script driver acts on it by the names of its
 // controls.
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,8 @@
 #include "Controls.h"
 #include "Message.h"
 #include "Platform.h"
+#include "RadiatorSizing.h"
+#include "StudyRecords.h"
 #include "StudyState.h"
 #include "TextGrid.h"
 #include "Workspace.h"
@@ -43,7 +46,8 @@ class FrmRavolin : public ScriptScreen {
   Field Caption;
   Field TxtThema, TxtOwnership, TxtLoopNo, TxtTempDrop, TxtOrigTemp, TxtLoopLength, TxtOtherRes;
   Field Txta_a, TxtLoopLoad, TxtFlow, TxtVelocity, TxtSFR;
-  ComboBox CboPipes;
+  ComboBox CboPipes, CboSomata;
+  Field CmdCalc{"Υπολογισμοί"};
   TextGrid Grid{kGridRows, kGridCols};
 
   // State held by the screen itself.
@@ -53,6 +57,11 @@ class FrmRavolin : public ScriptScreen {
   float OldTempDrop = 0, OldOrigTemp = 0, OldRoomTemp = 0;
   int32_t OldLoad = 0;
   CellBlock SelectionBlock;
+  // The sort keys of the usable type files, "002/Χαλύβδινα Πάνελ.ths", kept sorted.
+  std::vector<std::string> SomaSortKeys;
+  // Set while the program selects an entry of CboSomata itself: the change handler then only
+  // takes the working copy.
+  bool CboSomataSetByProgram = false;
 
   // Where the view must put the focus after the last event: a control name or "Grid".
   std::string FocusTarget;
@@ -92,6 +101,35 @@ class FrmRavolin : public ScriptScreen {
   void Grid_Click(int row, int col);
   void Grid_MarkBlock(CellBlock block);
 
+  // Calculate (F10 or the button), and the calculation of the sheet on the screen.
+  void CmdCalc_Click();
+  void Calc();
+  void CalculateData();
+  void CalculateFlowRate(float tempDrop, float& flow);
+  void GetLastDataRow(int16_t& lastRow);
+  void Set_TotalLoaD();
+  void GetTotalSheetLoaD(float& total, float& real);
+  void CheckIfOkToProceed();
+  void CheckWrittenValues(const std::string& mode);
+  void CheckSomata(int row, int16_t& fault);
+  // Sizing of one radiator, by family (the rating table, or the working copy's steps).
+  void CalculateSoma_Fetes(float tempDiff, float load, const std::string& somaType, SomaSize& size);
+  void CalculateSoma_Panel(float tempDiff, float load, const std::string& somaType, SomaSize& size);
+
+  // The sheet between the screen and the working files.
+  void SaveTemporarData();
+  void PutGenSheetData(const SheetRecord& record);
+  void PutLoopDataOnScreen(const LoopRecord& record);
+  void LoadSheet(int16_t sheet);
+  void CmdDeleteSheet_Click();
+
+  // The radiator families: the type files of the program folder and the working copy.
+  void SetCategoryNumbers();
+  void FillSomaCategoryCombos();
+  void FIXData_in_Combo(int16_t rows);
+  void GetListIndex(const std::string& name, int16_t& index);
+  void CboSomata_Click();
+
   // Discarding results: the same few steps wherever the sheet's results become invalid.
   void DeleteResultsCells();
   void DeleteLoopData();
@@ -114,6 +152,37 @@ class FrmRavolin : public ScriptScreen {
   void SetStartValues();
   void LoadPipeList();
   void LookForStudyLeftBehind();
+  void TestSomaFiles();
+  // The header values that every record of the sheet carries, as SaveTemporarData reads them.
+  struct SheetHeader {
+    std::string Thema, Ownership, LoopNo, PipeName;
+    float Flow = 0, Velocity = 0, SpecificResistance = 0;
+  };
+  void SaveEmptySheet();
+  SheetHeader ReadSheetHeader();
+  void FillRowIdentity(LoopRecord& record, const SheetHeader& header, int16_t sheet, int row) const;
+  static void ClearRowValues(LoopRecord& record);
+  void SaveRow(int row, float flow, float in, float& out, SomaSize& size, LoopRecord& record);
+  void WriteSheetRecord(RecordFile<SheetRecord>& sheets, int16_t sheet, const SheetHeader& header);
+  std::vector<SomaRecord> ReadFamilyOf(float categoryNo);
+  void TakeFamilyOfSheet();
+  void RemoveSheetFromFiles(int16_t sheet);
+  // Velocity (m/s) and specific resistance (mm/m) of a flow (l/h) in the first pipe of the
+  // list.
+  float Velocity(float flow) const;
+  float SpecificResistance(float flow) const;
+  // Runs a command that writes the screen: when it fails, the screen is put back as it was
+  // before it, as the command boundary puts back the files.
+  void KeepScreenOnFault(const std::function<void()>& command);
+  void RadiatorTooSmall(int row);
+  void WriteRowResults(int row, float in, float out, float mean, float factor, float equivalent);
+  void WriteRowSize(int row, const SomaSize& size);
+  void SizeRow(int row, float tempDiff, float equivalent, SomaSize& size);
+  void RebuildRunningSum();
+  void ComputeWaterContent();
+  void SelectFamilyQuietly(int index);
+  // Steps 4 and 5 of taking the working copy, for the rows `first` to `last`.
+  void TakeModelLists(int first, int last);
   void BuildControls();
   // A range check of the temperature fields on focus loss (messages -13 and -14).
   void CheckTemperatureField(Field& field, const char* name, float& oldValue, double low,
@@ -128,6 +197,8 @@ class FrmRavolin : public ScriptScreen {
   Platform& platform_;
   CommandBoundary& boundary_;
   ControlMap controls_;
+  RadiatorSizing sizing_;
   std::string oldThema_;
   bool closed_ = false;
+  bool cboSomataGoingBack_ = false;
 };

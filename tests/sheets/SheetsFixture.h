@@ -12,6 +12,9 @@
 #include "FakePlatform.h"
 #include "FrmRavolin.h"
 #include "Message.h"
+#include "RadiatorSizing.h"
+#include "RecordFile.h"
+#include "SomaRecord.h"
 #include "StudyState.h"
 #include "TempFolder.h"
 #include "Workspace.h"
@@ -30,7 +33,86 @@ class SheetsTest : public ::testing::Test {
     WriteAllBytes(folder / "RavoPipes.txt", bytes);
   }
 
+  // A radiator type file of the program folder: the family values in every record, the records
+  // numbered in order.
+  void WriteTypeFile(const std::string& name, int16_t categoryNo, const std::string& category,
+                     std::vector<SomaRecord> models) {
+    RecordFile<SomaRecord> file(folder / name);
+    for (std::size_t i = 0; i < models.size(); ++i) {
+      SomaRecord& m = models[i];
+      m.CategoryNo = categoryNo;
+      m.RecordNo = static_cast<int16_t>(i + 1);
+      m.Category = category;
+      if (m.MeanActiveTemp == 0) m.MeanActiveTemp = 60;
+      file.Write(static_cast<int32_t>(i + 1), m);
+    }
+  }
+  // The family with sections, as a type file and its master copy.
+  void WriteSectionFamily(float unitWater = 1.5f) {
+    std::vector<SomaRecord> models;
+    for (const SectionRating& r : SectionRatings()) {
+      SomaRecord m;
+      m.SomaType = r.Model;
+      m.Step = 40;
+      m.StepUnits = "Στοιχεία";
+      m.FirstSoma = "40";
+      m.MinSteps = 1;
+      m.MaxSteps = 40;
+      m.UnitOutput = r.Output;
+      m.UnitArea = r.Area;
+      m.UnitWater = unitWater;
+      models.push_back(m);
+    }
+    WriteTypeFile(kSectionFamilyFile, 1, kSectionFamilyCategory, models);
+    WriteTypeFile(kSectionFamilyMaster, 1, kSectionFamilyCategory, models);
+  }
+  void WriteSectionFamilyMaster() {
+    WriteSectionFamily();
+    std::filesystem::remove(folder / kSectionFamilyFile);
+  }
+  // A stepped model: output per step at 80/20, sizes in steps, the discontinuities.
+  static SomaRecord Stepped(const std::string& type, float unitOutput, float unitArea, float step,
+                            const std::string& firstSoma, int16_t minSteps, int16_t maxSteps,
+                            const std::string& discon) {
+    SomaRecord m;
+    m.SomaType = type;
+    m.UnitOutput = unitOutput;
+    m.UnitArea = unitArea;
+    m.Step = step;
+    m.StepUnits = "mm";
+    m.FirstSoma = firstSoma;
+    m.MinSteps = minSteps;
+    m.MaxSteps = maxSteps;
+    m.Discon = discon;
+    return m;
+  }
+
+  void Cell(int row, int col, const std::string& text) {
+    boundary.Run([&] { form->Grid_EditCell(row, col, text); });
+  }
+  void Key(KeyCode code) {
+    KeyStroke key;
+    key.Code = code;
+    boundary.Run([&] { form->Form_KeyDown(key); });
+  }
+  void Choose(const std::string& control, const std::string& entry) {
+    boundary.Run([&] { form->Controls().at(control).ChooseText(entry); });
+  }
+  // The sheet header as an engineer fills it in.
+  void TypeHeader(const std::string& tempDrop = "20", const std::string& origTemp = "85",
+                  const std::string& length = "10") {
+    Type("TxtOwnership", "Οικία Παπαδόπουλου");
+    Type("TxtLoopNo", "Κ1");
+    Type("TxtTempDrop", tempDrop);
+    Type("TxtOrigTemp", origTemp);
+    Type("TxtLoopLength", length);
+  }
+
+  // Starts the main screen. A program folder gets the master copy of the family with sections
+  // first, as every installation has it, unless the test wants a folder without it.
   FrmRavolin& Load() {
+    if (withSectionMaster && !std::filesystem::exists(folder / kSectionFamilyMaster))
+      WriteSectionFamilyMaster();
     form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary);
     boundary.Run([&] { form->Form_Load(); });
     return *form;
@@ -55,4 +137,5 @@ class SheetsTest : public ::testing::Test {
   FakePlatform platform;
   CommandBoundary boundary{ws, prompter};
   std::unique_ptr<FrmRavolin> form;
+  bool withSectionMaster = true;
 };

@@ -1,0 +1,320 @@
+// The sheet between the screen and the working files: SaveTemporarData writes the sheet on the
+// screen into "SHEETS.TMP" and "LOOPS.TMP" and refreshes the water content of every sheet;
+// PutGenSheetData and PutLoopDataOnScreen bring a sheet back.
+#include <map>
+
+#include "Checked.h"
+#include "Cp1253.h"
+#include "FrmRavolin.h"
+#include "RavoMessages.h"
+
+namespace {
+
+constexpr const char* kSheetsFile = "SHEETS.TMP";
+constexpr const char* kLoopsFile = "LOOPS.TMP";
+
+// Litres of water per metre of the loop pipes whose content is known. Any other pipe leaves
+// the value of the sheet before it in force.
+bool LitresPerMetre(const std::string& pipeName, double& litres) {
+  const std::string pipe = Trim(pipeName);
+  if (pipe == "Φ16x1")
+    litres = 0.15;
+  else if (pipe == "Φ18x1")
+    litres = 0.2;
+  else
+    return false;
+  return true;
+}
+
+}  // namespace
+
+// ---- Saving --------------------------------------------------------------------------------
+
+void FrmRavolin::SaveTemporarData() {
+  if (Grid.DataRowCount() == 0) {
+    SaveEmptySheet();
+    return;
+  }
+  const int16_t sheet = CInt(st_.Parse(Txta_a.Text));
+  {
+    auto sheets = ws_.Records<SheetRecord>(kSheetsFile);
+    auto loops = ws_.Records<LoopRecord>(kLoopsFile);
+    const SheetHeader header = ReadSheetHeader();
+    float out = 0;
+    SomaSize size;
+    bool rowsEnded = false;
+    for (int row = 1; row <= Grid.MaxRows(); ++row) {
+      rowsEnded = rowsEnded || Trim(Grid.Text(row, 1)).empty();
+      LoopRecord record = loops.Read(LoopRecordNumber(sheet, row));
+      FillRowIdentity(record, header, sheet, row);
+      if (rowsEnded) {
+        ClearRowValues(record);
+      } else {
+        const float in = row == 1 ? static_cast<float>(st_.Parse(TxtOrigTemp.Text))
+                                  : loops.Read(LoopRecordNumber(sheet, row - 1)).OutletTemp;
+        SaveRow(row, header.Flow, in, out, size, record);
+      }
+      if (row == 1) WriteSheetRecord(sheets, sheet, header);
+      loops.Write(LoopRecordNumber(sheet, row), record);
+    }
+  }
+  st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile).Count());
+  ComputeWaterContent();
+  st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile).Count());
+}
+
+// A sheet without rows: a study on disk is asked whether the sheet is to go.
+void FrmRavolin::SaveEmptySheet() {
+  const auto [exists, size] = ws_.FileExistsAndSize(kSheetsFile);
+  if (!exists) {
+    FocusTarget = "Grid";
+    return;
+  }
+  if (size == 0) ws_.Delete(kSheetsFile);
+  RavoMessages(-12, prompter_, st_);
+  const bool yes = st_.LastAnswer == "YES";
+  st_.LastAnswer.clear();
+  if (yes) CmdDeleteSheet_Click();
+  FocusTarget = "Grid";
+}
+
+FrmRavolin::SheetHeader FrmRavolin::ReadSheetHeader() {
+  SheetHeader h;
+  h.Thema = Trim(TxtThema.Text);
+  h.Ownership = Trim(TxtOwnership.Text);
+  h.LoopNo = Trim(TxtLoopNo.Text);
+  h.PipeName = CboPipes.Text();
+  // The flow comes back from its text, rounded to one decimal; velocity and resistance follow
+  // from it, so the stored figures may differ in the last places from the calculation's.
+  h.Flow = static_cast<float>(st_.Parse(TxtFlow.Text));
+  h.Velocity = Velocity(h.Flow);
+  h.SpecificResistance = SpecificResistance(h.Flow);
+  return h;
+}
+
+void FrmRavolin::FillRowIdentity(LoopRecord& record, const SheetHeader& header, int16_t sheet,
+                                 int row) const {
+  record.SheetNo = sheet;
+  record.Thema = header.Thema;
+  record.Ownership = header.Ownership;
+  record.LoopNo = header.LoopNo;
+  record.PipeName = header.PipeName;
+  record.RowNo = static_cast<int16_t>(row);
+}
+
+void FrmRavolin::ClearRowValues(LoopRecord& record) {
+  record.SomaNo.clear();
+  record.SomaType.clear();
+  record.SomaText.clear();
+  record.RoomTemp = record.Load = record.InletTemp = record.OutletTemp = record.MeanTemp = 0;
+  record.CorrectionFactor = record.EquivalentLoad = 0;
+  record.SomaOutput = record.SomaArea = record.SomaLength = record.SomaWater = 0;
+}
+
+// The cascade of one row again from the screen. The grid shows the results only while the
+// sheet is being calculated or holds results; the record always gets the temperatures.
+void FrmRavolin::SaveRow(int row, float flow, float in, float& out, SomaSize& size,
+                         LoopRecord& record) {
+  const float room = static_cast<float>(st_.Parse(Grid.Text(row, 3)));
+  const float load = static_cast<float>(st_.Parse(Grid.Text(row, 2)));
+  if (flow > 0) out = static_cast<float>(in - Divide(load, flow));
+  const float mean = static_cast<float>((static_cast<double>(out) + in) / 2);
+  const float factor = static_cast<float>(Divide(60, mean - static_cast<double>(room)));
+  const float equivalent = static_cast<float>(static_cast<double>(load) * factor);
+  const bool showResults = InCalculation != 0 || st_.Calculated != 0;
+  const std::string model = Trim(Grid.Text(row, 10));
+  if (showResults) {
+    WriteRowResults(row, in, out, mean, factor, equivalent);
+    if (!model.empty())
+      SizeRow(row, static_cast<float>(mean - static_cast<double>(room)), equivalent, size);
+  }
+  record.SomaNo = Trim(Grid.Text(row, 1));
+  record.RoomTemp = room;
+  record.Load = load;
+  record.InletTemp = in;
+  record.OutletTemp = out;
+  record.MeanTemp = mean;
+  record.CorrectionFactor = factor;
+  record.EquivalentLoad = equivalent;
+  record.SomaType = model;
+  if (showResults && !model.empty()) {
+    record.SomaText = Trim(size.SomaText);
+    record.SomaOutput = size.Output;
+    record.SomaArea = size.Area;
+    record.SomaLength = size.Length;
+  } else {
+    // Not sized now: the record takes what the grid shows.
+    record.SomaText = Trim(Grid.Text(row, 11));
+    record.SomaOutput = static_cast<float>(st_.Parse(Grid.Text(row, 12)));
+    record.SomaArea = static_cast<float>(st_.Parse(Grid.Text(row, 13)));
+    record.SomaLength = static_cast<float>(st_.Parse(Grid.Text(row, 14)));
+  }
+}
+
+void FrmRavolin::WriteSheetRecord(RecordFile<SheetRecord>& sheets, int16_t sheet,
+                                  const SheetHeader& header) {
+  SheetRecord record = sheets.Read(sheet);
+  record.SheetNo = sheet;
+  record.Thema = header.Thema;
+  record.Ownership = header.Ownership;
+  record.LoopNo = header.LoopNo;
+  record.TempDrop = static_cast<float>(st_.Parse(TxtTempDrop.Text));
+  record.PipeName = header.PipeName;
+  record.Flow = header.Flow;
+  record.Velocity = header.Velocity;
+  record.SpecificResistance = header.SpecificResistance;
+  record.LoopLength = static_cast<float>(st_.Parse(TxtLoopLength.Text));
+  record.OrigTemp = static_cast<float>(st_.Parse(TxtOrigTemp.Text));
+  record.OtherRes = static_cast<float>(st_.Parse(TxtOtherRes.Text));
+  record.ResultsValid = st_.Calculated == -1 ? -1.0f : 0.0f;
+  record.SomaCategoryNo = st_.SomaCategory;
+  GetTotalSheetLoaD(record.TotalLoad, record.RealOutput);
+  sheets.Write(sheet, record);
+}
+
+// ---- Water content -------------------------------------------------------------------------
+
+// The water held in each loop: the pipe by its length, and the water of each radiator's model
+// once per radiator, whatever its number of steps or sections. Records whose bytes would not
+// change are not written again.
+void FrmRavolin::ComputeWaterContent() {
+  auto sheets = ws_.Records<SheetRecord>(kSheetsFile);
+  auto loops = ws_.Records<LoopRecord>(kLoopsFile);
+  const int32_t count = sheets.Count();
+  std::map<float, std::vector<SomaRecord>> families;
+  const auto familyOf = [&](float categoryNo) -> const std::vector<SomaRecord>& {
+    auto at = families.find(categoryNo);
+    if (at == families.end()) at = families.emplace(categoryNo, ReadFamilyOf(categoryNo)).first;
+    return at->second;
+  };
+  double litres = 0;
+  for (int32_t s = 1; s <= count; ++s) {
+    SheetRecord sheet = sheets.Read(s);
+    const std::vector<SomaRecord>& models = familyOf(sheet.SomaCategoryNo);
+    LitresPerMetre(sheet.PipeName, litres);
+    float water = static_cast<float>(sheet.LoopLength * litres);
+    for (int row = 1; row <= kRowsPerSheet; ++row) {
+      LoopRecord record = loops.Read(LoopRecordNumber(s, row));
+      const SomaRecord* model = nullptr;
+      for (const SomaRecord& m : models)
+        if (Trim(m.SomaType) == Trim(record.SomaType)) {
+          model = &m;
+          break;
+        }
+      if (model == nullptr) continue;
+      water = static_cast<float>(water + static_cast<double>(model->UnitWater));
+      if (record.SomaWater == model->UnitWater) continue;
+      record.SomaWater = model->UnitWater;
+      loops.Write(LoopRecordNumber(s, row), record);
+    }
+    if (sheet.WaterContent == water) continue;
+    sheet.WaterContent = water;
+    sheets.Write(s, sheet);
+  }
+}
+
+// The models of the first type file whose family number equals `categoryNo`; none when no
+// file has it.
+std::vector<SomaRecord> FrmRavolin::ReadFamilyOf(float categoryNo) {
+  for (const std::string& name : ws_.ListFiles("", "*.ths")) {
+    auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
+    if (file.Read(1).CategoryNo == categoryNo) return file.ReadAll();
+  }
+  return {};
+}
+
+// ---- Bringing a sheet back -----------------------------------------------------------------
+
+void FrmRavolin::PutGenSheetData(const SheetRecord& record) {
+  TxtThema.Text = record.Thema;
+  TxtOwnership.Text = record.Ownership;
+  Txta_a.Text = std::to_string(record.SheetNo);
+  TxtLoopNo.Text = record.LoopNo;
+  TxtFlow.Text = st_.FormatF(record.Flow, "#,###.0");
+  TxtTempDrop.Text = CStrSingle(record.TempDrop, st_.Seps());
+  TxtOrigTemp.Text = CStrSingle(record.OrigTemp, st_.Seps());
+  TxtVelocity.Text = st_.FormatF(record.Velocity, "#,##0.00");
+  TxtSFR.Text = st_.FormatF(record.SpecificResistance, "#,##0.00");
+  TxtOtherRes.Text = st_.FormatF(record.OtherRes, "#,##0.00");
+  TxtLoopLength.Text = st_.FormatF(record.LoopLength, "#,##0.0");
+  st_.SomaCategory = CInt(record.SomaCategoryNo);
+  if (st_.SomaCategory == 0) st_.SomaCategory = 1;
+  TakeFamilyOfSheet();
+}
+
+// The family of the sheet becomes the family in use: its entry in CboSomata is selected
+// quietly and its type file copied as the working copy. When no file has the family number,
+// the last file of the list is the one copied.
+void FrmRavolin::TakeFamilyOfSheet() {
+  const std::vector<std::string> files = ws_.ListFiles("", "*.ths");
+  if (files.empty()) return;
+  std::string chosen = files.back();
+  for (const std::string& name : files) {
+    auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
+    const SomaRecord first = file.Read(1);
+    if (first.CategoryNo != st_.SomaCategory) continue;
+    chosen = name;
+    int16_t index = 0;
+    GetListIndex(DisplayCategory(first.Category), index);
+    SelectFamilyQuietly(index);
+    break;
+  }
+  ws_.Delete(kSomataWorkingCopy);
+  ws_.Copy(chosen, kSomataWorkingCopy);
+}
+
+void FrmRavolin::PutLoopDataOnScreen(const LoopRecord& record) {
+  const int row = record.RowNo;
+  if (Trim(record.SomaNo).empty()) {
+    for (int col = 1; col <= kGridCols; ++col) Grid.SetText(row, col, {});
+  } else {
+    Grid.SetText(row, 1, Trim(record.SomaNo));
+    Grid.SetText(row, 2, CStrSingle(record.Load, st_.Seps()));
+    Grid.SetText(row, 3, CStrSingle(record.RoomTemp, st_.Seps()));
+    Grid.SetText(row, 4, {});
+    WriteRowResults(row, record.InletTemp, record.OutletTemp, record.MeanTemp,
+                    record.CorrectionFactor, record.EquivalentLoad);
+    Grid.SetText(row, 10, record.SomaType);
+    WriteRowSize(row,
+                 SomaSize{record.SomaText, record.SomaOutput, record.SomaArea, record.SomaLength});
+  }
+  st_.Thema = TxtThema.Text;
+  if (!Trim(record.SomaNo).empty()) {
+    RebuildRunningSum();
+    TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, "#,###");
+  }
+  // Kept on purpose: a sheet brought back counts as calculated, whatever its record said.
+  st_.Calculated = -1;
+}
+
+// Reading ResultsValid back: exactly -1 or 0 set the flag, anything else leaves it.
+static void TakeResultsValid(float resultsValid, int16_t& calculated) {
+  if (resultsValid == -1.0f)
+    calculated = -1;
+  else if (resultsValid == 0.0f)
+    calculated = 0;
+}
+
+void FrmRavolin::LoadSheet(int16_t sheet) {
+  st_.CurrentSheet = sheet;
+  {
+    auto sheets = ws_.Records<SheetRecord>(kSheetsFile);
+    st_.SheetCount = CInt(sheets.Count());
+    const SheetRecord record = sheets.Read(sheet);
+    PutGenSheetData(record);
+    TakeResultsValid(record.ResultsValid, st_.Calculated);
+  }
+  {
+    auto loops = ws_.Records<LoopRecord>(kLoopsFile);
+    const int32_t count = loops.Count();
+    for (int32_t n = 1; n <= count; ++n) {
+      const LoopRecord record = loops.Read(n);
+      if (record.SheetNo > sheet) break;
+      if (record.SheetNo == sheet) PutLoopDataOnScreen(record);
+    }
+  }
+  int16_t lastRow = 0;
+  GetLastDataRow(lastRow);
+  RebuildRunningSum();
+  TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, "#,###");
+}

@@ -1,0 +1,98 @@
+// The sheets of the study as a whole: deleting the sheet on the screen.
+#include <algorithm>
+
+#include "Checked.h"
+#include "FrmRavolin.h"
+#include "RavoMessages.h"
+
+namespace {
+
+// Everything derived from the sheets: a deleted loop invalidates the levels and the network.
+const std::vector<std::string>& DerivedFiles() {
+  static const std::vector<std::string> files = {"RAVOFLOORS.TMP",
+                                                 "EDGE_DOUBLEFLOORS.TMP",
+                                                 "INTER_DOUBLEFLOORS.TMP",
+                                                 "EDGE_FINALFLOORS.TMP",
+                                                 "INTER_FINALFLOORS.TMP",
+                                                 "EDGE_SHEETSNODES.TMP",
+                                                 "INTER_SHEETSNODES.TMP",
+                                                 "RECNOFFF.TXT",
+                                                 "LEVEL_SHEETS.TXT",
+                                                 "LEVELSHEETS_TECH.TXT",
+                                                 "TMP.TMP",
+                                                 "DATARES.TMP",
+                                                 "SOMATA.@@@",
+                                                 "SOMATA.TMP",
+                                                 "STATIST.TMP",
+                                                 "SectionsFlows.txt",
+                                                 "LIQUID.TMP",
+                                                 "EDGE.TMP"};
+  return files;
+}
+
+// Copies every record of `name` except those `keep` refuses into "~" + name, renumbered by
+// `renumber`, then puts the copy in place of the file.
+template <class Record, class Keep, class Renumber>
+void RewriteWithout(Workspace& ws, const std::string& name, Keep keep, Renumber renumber) {
+  const std::string second = "~" + name;
+  ws.Delete(second);
+  {
+    auto from = ws.Records<Record>(name);
+    auto to = ws.Records<Record>(second);
+    const int32_t count = from.Count();
+    int32_t written = 0;
+    for (int32_t n = 1; n <= count; ++n) {
+      Record record = from.Read(n);
+      if (!keep(record, n)) continue;
+      renumber(record, ++written);
+      to.Write(written, record);
+    }
+    to.Flush();
+  }
+  ws.Delete(name, false);
+  ws.Rename(second, name);
+}
+
+}  // namespace
+
+void FrmRavolin::CmdDeleteSheet_Click() {
+  st_.SheetCount = CInt(ws_.Records<SheetRecord>("SHEETS.TMP").Count());
+  const int16_t shown = CInt(st_.Parse(Txta_a.Text));
+  if (st_.SheetCount == 0 || (st_.SheetCount == 1 && shown == 1)) {
+    FocusTarget = "Grid";
+    return;
+  }
+  RavoMessages(-11, prompter_, st_);
+  const bool yes = st_.LastAnswer == "YES";
+  st_.LastAnswer.clear();
+  if (!yes) {
+    FocusTarget = "Grid";
+    return;
+  }
+  int16_t next = 0;
+  if (shown >= 1 && shown <= st_.SheetCount) {
+    RemoveSheetFromFiles(shown);
+    next = shown == st_.SheetCount ? static_cast<int16_t>(shown - 1) : shown;
+    if (next == 0) next = 1;
+    st_.SheetCount = static_cast<int16_t>(st_.SheetCount - 1);
+  } else {
+    // The sheet was never saved.
+    next = std::min(st_.CurrentSheet, st_.SheetCount);
+  }
+  DeleteSpreadData();
+  LoadSheet(next);
+  st_.StudyChanged = -1;
+  for (const std::string& name : DerivedFiles()) ws_.Delete(name);
+  FocusTarget = "Grid";
+}
+
+void FrmRavolin::RemoveSheetFromFiles(int16_t sheet) {
+  RewriteWithout<SheetRecord>(
+      ws_, "SHEETS.TMP", [sheet](const SheetRecord&, int32_t n) { return n != sheet; },
+      [](SheetRecord& r, int32_t position) { r.SheetNo = static_cast<int16_t>(position); });
+  RewriteWithout<LoopRecord>(
+      ws_, "LOOPS.TMP", [sheet](const LoopRecord& r, int32_t) { return r.SheetNo != sheet; },
+      [sheet](LoopRecord& r, int32_t) {
+        if (r.SheetNo > sheet) r.SheetNo = static_cast<int16_t>(r.SheetNo - 1);
+      });
+}
