@@ -1,0 +1,255 @@
+// Calculate as the engineer meets it: the checks before it, with their boxes and where they
+// leave the focus, the gaps closed, the pipe of the first line, and a failure half way through
+// that leaves the screen and the working files as they were.
+#include "SheetsFixture.h"
+
+namespace {
+
+class CalcTest : public SheetsTest {
+ protected:
+  CalcTest() {
+    WritePipes({"Φ16x1", "Φ18x1"});
+    WriteSectionFamily();
+  }
+  void Row(int row, const std::string& name, const std::string& load, const std::string& room,
+           const std::string& model = "II/905") {
+    Cell(row, 1, name);
+    Cell(row, 2, load);
+    Cell(row, 3, room);
+    Cell(row, 10, model);
+  }
+  void Calculate() {
+    prompter.Clear();
+    Key(KeyCode::F10);
+  }
+};
+
+struct HeaderGap {
+  const char* Field;
+  const char* Line;
+};
+
+class CalcHeaderTest : public CalcTest, public ::testing::WithParamInterface<HeaderGap> {};
+
+TEST_P(CalcHeaderTest, AMissingHeaderFieldIsNamedAndTakesTheFocus) {
+  Load();
+  TypeHeader();
+  Row(1, "1", "1000", "20");
+  Type(GetParam().Field, "");
+  Calculate();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Lines, std::vector<std::string>{GetParam().Line});
+  EXPECT_EQ(form->FocusTarget, GetParam().Field);
+  EXPECT_EQ(form->Grid.Text(1, 5), "");
+  EXPECT_EQ(form->TxtFlow.Text, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, CalcHeaderTest,
+    ::testing::Values(HeaderGap{"TxtOwnership", "... ΔΕΝ ΕΧΕΤΕ ΚΑΤΑΧΩΡΗΣΕΙ ΤΗΝ ΙΔΙΟΚΤΗΣΙΑ ..."},
+                      HeaderGap{"TxtLoopNo", "... ΔΕΝ ΕΧΕΤΕ ΤΟΝ ΑΡΙΘΜΟ ΚΥΚΛΩΜΑΤΟΣ ..."},
+                      HeaderGap{"TxtLoopLength", "... ΔΕΝ ΕΧΕΤΕ ΤΟ ΜΗΚΟΣ ΤΟΥ ΒΡΟΧΟΥ ..."}));
+
+struct RowFault {
+  const char* Name;
+  const char* Load;
+  const char* Room;
+  const char* Model;
+  int Col;  // the cell made active
+  const char* Line;
+};
+
+class CalcRowTest : public CalcTest, public ::testing::WithParamInterface<RowFault> {};
+
+TEST_P(CalcRowTest, TheFirstFaultyRowIsNamedAndItsCellMadeActive) {
+  const RowFault& f = GetParam();
+  Load();
+  TypeHeader();
+  Row(1, "1", "500", "20");
+  Row(2, f.Name, f.Load, f.Room, f.Model);
+  Row(3, "", "0", "40", "");  // a later fault is not reached
+  Calculate();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΕΛΛΙΠΗΣ ΚΑΤΑΧΩΡΗΣΗ ...");
+  EXPECT_EQ(LastBox().Lines, std::vector<std::string>{f.Line});
+  EXPECT_EQ(form->Grid.ActiveRow(), 2);
+  EXPECT_EQ(form->Grid.ActiveCol(), f.Col);
+  EXPECT_EQ(form->FocusTarget, "Grid");
+  EXPECT_EQ(state.ErrorFlag, 0);
+  EXPECT_EQ(form->Grid.Text(1, 5), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, CalcRowTest,
+    ::testing::Values(
+        RowFault{" ", "500", "20", "II/905", 1,
+                 "... ΔΕΝ υπάρχει ονομασία Σώματος στη Σειρά Νο : < 2 > ..."},
+        RowFault{"2", "5.0.0", "20", "II/905", 2,  // two decimal separators read as 0
+                 "... Η Ισχύς τού Σώματος στη Σειρά Νο : < 2 >, είναι ΜΗΔΕΝΙΚΗ !..."},
+        RowFault{"2", "abc", "20", "II/905", 2,
+                 "... Η Ισχύς τού Σώματος στη Σειρά Νο : < 2 >, είναι ΜΗΔΕΝΙΚΗ !..."},
+        RowFault{"2", "500", "31", "II/905", 3,
+                 "... Η Επιθυμητή Θερμοκρασία τού Χώρου στη Σειρά Νο : < 2 >, είναι ΕΚΤΟΣ "
+                 "ΠΕΔΙΟΥ (10°C-30°C) !..."},
+        RowFault{"2", "500", "9.9", "II/905", 3,
+                 "... Η Επιθυμητή Θερμοκρασία τού Χώρου στη Σειρά Νο : < 2 >, είναι ΕΚΤΟΣ "
+                 "ΠΕΔΙΟΥ (10°C-30°C) !..."},
+        RowFault{"2", "500", "20", "", 10,
+                 "... ΔΕΝ έχετε επιλέξει Τύπο Σώματος στη Σειρά Νο : < 2 > ..."}));
+
+struct LoadSum {
+  std::vector<const char*> Loads;
+  bool Refused;
+};
+
+class LoadLimitTest : public CalcTest, public ::testing::WithParamInterface<LoadSum> {};
+
+TEST_P(LoadLimitTest, TheLoopLoadIsLimitedTo8000RoundedAfterEachAddition) {
+  Load();
+  TypeHeader();
+  int row = 0;
+  for (const char* load : GetParam().Loads) ++row, Row(row, std::to_string(row), load, "20");
+  Calculate();
+  if (GetParam().Refused) {
+    ASSERT_EQ(prompter.History().size(), 1u);
+    EXPECT_EQ(LastBox().Title, "... ΥΠΕΡΒΟΛΙΚΑ ΦΟΡΤΙΑ ΣΤΟΝ ΒΡΟΧΟ ...");
+    EXPECT_EQ(LastBox().Lines.size(), 3u);
+    EXPECT_EQ(form->TxtFlow.Text, "");
+  } else {
+    EXPECT_TRUE(prompter.History().empty());
+    EXPECT_NE(form->TxtFlow.Text, "");
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sums, LoadLimitTest,
+                         ::testing::Values(LoadSum{{"8000"}, false}, LoadSum{{"8000.6"}, true},
+                                           LoadSum{{"8000.4"}, false},
+                                           LoadSum{{"4000.4", "4000.4"}, false},  // 4000 + 4000
+                                           LoadSum{{"4000.6", "4000.4"}, true},   // 4001 + 4000
+                                           LoadSum{{"1000000000"}, true},
+                                           LoadSum{{"-500", "8400"}, false}));
+
+TEST_F(CalcTest, NoRowsAndAnIncompleteRowGiveMessageOne) {
+  Load();
+  TypeHeader();
+  Calculate();
+  EXPECT_EQ(LastBox().Lines, std::vector<std::string>{"... ΕΛΙΠΕΙΣ ΚΑΤΑΧΩΡΗΣΕΙΣ ..."});
+
+  // A row with a load and a model but no name reaches Calc only through the checks of
+  // Calculate; a row whose model cell holds blanks passes those and stops here.
+  Row(1, "1", "1000", "20", "   ");
+  Calculate();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΕΛΛΙΠΗΣ ΚΑΤΑΧΩΡΗΣΗ ...");
+}
+
+// Calculate's own checks stop at a gap before it is closed; leaving a sheet closes it.
+TEST_F(CalcTest, GapsAreClosedAndTheNewBottomRowGetsTheModels) {
+  Load();
+  Row(1, "1", "1000", "20");
+  Row(3, "3", "900", "20");
+  Cell(2, 1, "2");  // a name without a load is a gap
+  Row(5, "5", "800", "20");
+  form->Grid.SetList(8, 10, {});
+  int16_t last = 0;
+  form->GetLastDataRow(last);
+  EXPECT_EQ(last, 3);
+  EXPECT_EQ(form->Grid.Text(2, 1), "3");
+  EXPECT_EQ(form->Grid.Text(3, 2), "800");
+  EXPECT_EQ(form->Grid.List(8, 10).size(), 12u);
+}
+
+TEST_F(CalcTest, TheEndOfTheLoopIsTheInletLessTheDropWhateverTheSplit) {
+  Load();
+  TypeHeader("15", "80");
+  const char* loads[] = {"317", "1234.5", "87", "999", "45.5"};
+  for (int i = 0; i < 5; ++i) Row(i + 1, std::to_string(i + 1), loads[i], "20");
+  Calculate();
+  EXPECT_EQ(form->Grid.Text(5, 6), "65.0");
+}
+
+TEST_F(CalcTest, VelocityComesFromTheFirstPipeOfTheListWhicheverIsChosen) {
+  Load();
+  TypeHeader();
+  Row(1, "1", "1000", "20");
+  Row(2, "2", "1000", "20");
+  Choose("CboPipes", "Φ18x1");
+  Calculate();
+  EXPECT_EQ(form->TxtFlow.Text, "100.0");
+  EXPECT_EQ(form->TxtVelocity.Text, "0.18");
+  EXPECT_EQ(form->TxtSFR.Text, "10.39");
+  EXPECT_EQ(form->CboPipes.Text(), "Φ18x1");
+}
+
+TEST_F(CalcTest, ACalculationMarksTheSavedRecordOfTheSheetValid) {
+  Load();
+  TypeHeader();
+  SheetRecord saved;
+  saved.SheetNo = 1;
+  saved.Ownership = "Παλιά";
+  saved.ResultsValid = 0;
+  RecordFile<SheetRecord>(folder / "SHEETS.TMP").Write(1, saved);
+  Row(1, "1", "1000", "20");
+  Calculate();
+  const SheetRecord after = RecordFile<SheetRecord>(folder / "SHEETS.TMP").Read(1);
+  EXPECT_EQ(after.ResultsValid, -1.0f);
+  EXPECT_EQ(after.Ownership, "Παλιά");  // nothing else is written by the calculation
+  EXPECT_EQ(state.SheetCount, 1);
+  EXPECT_EQ(state.Calculated, -1);
+}
+
+// Inlet 30 and a drop of 30: the single radiator's mean water is 15 °C, the room's temperature.
+TEST_F(CalcTest, ARoomAsWarmAsTheWaterFailsAndLeavesScreenAndFilesAsTheyWere) {
+  Load();
+  TypeHeader("30", "30");
+  SheetRecord saved;
+  saved.SheetNo = 1;
+  RecordFile<SheetRecord>(folder / "SHEETS.TMP").Write(1, saved);
+  Row(1, "1", "1000", "15");
+  const std::string before = ReadAllBytes(folder / "SHEETS.TMP");
+  const TextGrid grid = form->Grid;
+  Calculate();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
+  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), before);
+  for (int col = 1; col <= 14; ++col) EXPECT_EQ(form->Grid.Text(1, col), grid.Text(1, col));
+  EXPECT_EQ(form->TxtFlow.Text, "");
+  EXPECT_EQ(state.Calculated, 0);
+  EXPECT_EQ(form->InCalculation, 0);
+}
+
+class StepsFamilyCalcTest : public CalcTest {
+ protected:
+  void SetUp() override {
+    WriteTypeFile("Πάνελ.ths", 2, "Πάνελ", {Stepped("22/600", 100, 0.25f, 100, "400", 1, 30, "")});
+    Load();
+    Choose("CboSomata", "Πάνελ");
+    TypeHeader();
+  }
+};
+
+TEST_F(StepsFamilyCalcTest, ALoadBetweenMultiplesIsSized) {
+  Row(1, "1", "1000", "20", "22/600");  // equivalent 1090.9: 11 steps
+  Calculate();
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(form->Grid.Text(1, 11), "1100/22/600");
+  EXPECT_EQ(form->Grid.Text(1, 12), "1,100");
+  EXPECT_EQ(form->Grid.Text(1, 14), "4.40");
+}
+
+// Two radiators of 1000 at 85 with a drop of 20: the first sees a mean of 80 and an equivalent
+// of exactly 1000, ten steps of 100. The stepped family never gives that a silent size.
+TEST_F(StepsFamilyCalcTest, AnExactMultipleFailsAndNothingIsWritten) {
+  Row(1, "1", "1000", "20", "22/600");
+  Row(2, "2", "1000", "20", "22/600");
+  Calculate();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
+  EXPECT_NE(LastBox().Lines[1].find("22/600"), std::string::npos);
+  for (int row : {1, 2})
+    for (int col : {5, 9, 11, 12}) EXPECT_EQ(form->Grid.Text(row, col), "") << row << "," << col;
+  EXPECT_EQ(form->TxtFlow.Text, "");
+  EXPECT_EQ(state.Calculated, 0);
+}
+
+}  // namespace

@@ -1,0 +1,252 @@
+// The sheet between the screen and the working files: the records SaveTemporarData writes,
+// the water content of every sheet, and what comes back to the screen.
+#include "SheetsFixture.h"
+
+namespace {
+
+class SheetIOTest : public SheetsTest {
+ protected:
+  SheetIOTest() {
+    WritePipes({"Φ16x1", "Φ18x1", "Φ20x2"});
+    WriteSectionFamily(1.5f);  // 1.5 l of water per radiator of any model
+  }
+  // Sheet 1 on the screen: three radiators, calculated.
+  void CalculatedSheet(const std::string& pipe = "Φ16x1") {
+    Load();
+    TypeHeader("20", "85", "12.5");
+    Choose("CboPipes", pipe);
+    const char* loads[] = {"1000", "800", "600"};
+    for (int row = 1; row <= 3; ++row) {
+      Cell(row, 1, std::to_string(row));
+      Cell(row, 2, loads[row - 1]);
+      Cell(row, 3, "20");
+      Cell(row, 10, "II/905");
+    }
+    Key(KeyCode::F10);
+    ASSERT_EQ(state.Calculated, -1);
+  }
+  bool Save() {
+    return boundary.Run([&] { form->SaveTemporarData(); });
+  }
+  std::vector<LoopRecord> Loops() { return RecordFile<LoopRecord>(folder / "LOOPS.TMP").ReadAll(); }
+  std::vector<SheetRecord> Sheets() {
+    return RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
+  }
+  // A sheet written straight into the files, as an earlier save left it.
+  void SavedSheet(int16_t sheet, const std::string& pipe, float length,
+                  const std::vector<std::string>& models, float category = 1) {
+    SheetRecord s;
+    s.SheetNo = sheet;
+    s.PipeName = pipe;
+    s.LoopLength = length;
+    s.SomaCategoryNo = category;
+    s.ResultsValid = -1;
+    RecordFile<SheetRecord>(folder / "SHEETS.TMP").Write(sheet, s);
+    RecordFile<LoopRecord> loops(folder / "LOOPS.TMP");
+    for (int row = 1; row <= 8; ++row) {
+      LoopRecord r;
+      r.SheetNo = sheet;
+      r.RowNo = static_cast<int16_t>(row);
+      if (row <= static_cast<int>(models.size())) {
+        r.SomaNo = std::to_string(row);
+        r.SomaType = models[row - 1];
+        r.Load = 500;
+        r.RoomTemp = 20;
+      }
+      loops.Write(LoopRecordNumber(sheet, row), r);
+    }
+  }
+};
+
+TEST_F(SheetIOTest, ASheetOfThreeRadiatorsHasEightRecordsAndEmptyRowsAreZero) {
+  CalculatedSheet();
+  ASSERT_TRUE(Save());
+  const auto loops = Loops();
+  ASSERT_EQ(loops.size(), 8u);
+  EXPECT_EQ(std::filesystem::file_size(folder / "LOOPS.TMP"), 8u * 298);
+  for (int row = 1; row <= 8; ++row) {
+    const LoopRecord& r = loops[row - 1];
+    EXPECT_EQ(r.SheetNo, 1);
+    EXPECT_EQ(r.RowNo, row);
+    EXPECT_EQ(r.Ownership, "Οικία Παπαδόπουλου");
+    EXPECT_EQ(r.LoopNo, "Κ1");
+    EXPECT_EQ(r.PipeName, "Φ16x1");
+    if (row <= 3) continue;
+    EXPECT_EQ(r.SomaNo, "");
+    EXPECT_EQ(r.SomaType, "");
+    for (float v : {r.Load, r.RoomTemp, r.InletTemp, r.OutletTemp, r.MeanTemp, r.CorrectionFactor,
+                    r.EquivalentLoad, r.SomaOutput, r.SomaArea, r.SomaLength, r.SomaWater})
+      EXPECT_EQ(v, 0.0f);
+  }
+  const LoopRecord& first = loops[0];
+  EXPECT_EQ(first.SomaNo, "1");
+  EXPECT_EQ(first.Load, 1000.0f);
+  EXPECT_EQ(first.InletTemp, 85.0f);
+  EXPECT_FLOAT_EQ(first.OutletTemp, 85.0f - 1000.0f / 120.0f);
+  EXPECT_EQ(first.SomaType, "II/905");
+  EXPECT_EQ(first.SomaText, "11/II/905");  // 986 Kcal/h at 80/20
+  EXPECT_EQ(first.SomaOutput, 990.0f);
+  // The second row enters with what the first one's record left.
+  EXPECT_EQ(loops[1].InletTemp, first.OutletTemp);
+  EXPECT_FLOAT_EQ(loops[2].OutletTemp, 65.0f);
+
+  const SheetRecord sheet = Sheets().at(0);
+  EXPECT_EQ(sheet.SheetNo, 1);
+  EXPECT_EQ(sheet.Thema, "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
+  EXPECT_EQ(sheet.TempDrop, 20.0f);
+  EXPECT_EQ(sheet.OrigTemp, 85.0f);
+  EXPECT_EQ(sheet.LoopLength, 12.5f);
+  EXPECT_EQ(sheet.Flow, 120.0f);
+  EXPECT_EQ(sheet.ResultsValid, -1.0f);
+  EXPECT_EQ(sheet.SomaCategoryNo, 1.0f);
+  EXPECT_EQ(sheet.TotalLoad, 2400.0f);
+  EXPECT_EQ(sheet.RealOutput, 990.0f + 900.0f + 810.0f);
+  // 12.5 m of Φ16x1 at 0.15 l/m, and 1.5 l once per radiator.
+  EXPECT_FLOAT_EQ(sheet.WaterContent, 12.5f * 0.15f + 3 * 1.5f);
+  EXPECT_EQ(loops[0].SomaWater, 1.5f);
+}
+
+TEST_F(SheetIOTest, TheStoredResistanceComesFromTheFlowAsItsTextShowsIt) {
+  Load();
+  TypeHeader("8", "30");
+  Cell(1, 1, "1");
+  Cell(1, 2, "550");  // 68.75 l/h, shown as 68.8
+  Cell(1, 3, "10");
+  Cell(1, 10, "II/905");
+  Key(KeyCode::F10);
+  EXPECT_EQ(form->TxtFlow.Text, "68.8");
+  EXPECT_EQ(form->TxtSFR.Text, "7.14");
+  ASSERT_TRUE(Save());
+  const SheetRecord sheet = Sheets().at(0);
+  EXPECT_FLOAT_EQ(sheet.Flow, 68.8f);
+  EXPECT_EQ(state.FormatF(sheet.SpecificResistance, "#,##0.00"), "7.15");
+}
+
+TEST_F(SheetIOTest, ReservedBytesOfTheLoopRecordsAreWrittenBackUnchanged) {
+  RecordFile<LoopRecord> loops(folder / "LOOPS.TMP");
+  LoopRecord old;
+  old.Reserved1 = std::string(53, 'R');
+  old.Reserved2 = std::string(16, '\x7f');
+  loops.Write(2, old);
+  loops.Close();
+  CalculatedSheet();
+  ASSERT_TRUE(Save());
+  const std::string bytes = ReadAllBytes(folder / "LOOPS.TMP");
+  EXPECT_EQ(bytes.substr(298 + 110, 53), std::string(53, 'R'));
+  EXPECT_EQ(bytes.substr(298 + 282, 16), std::string(16, '\x7f'));
+  EXPECT_EQ(bytes.substr(110, 53), std::string(53, '\0'));  // a new record: zeros
+}
+
+TEST_F(SheetIOTest, WaterContentOfEverySheetCarriesTheLitresOfTheSheetBefore) {
+  SavedSheet(1, "Φ20x2", 10, {"II/905", "II/655"});  // unknown pipe first: radiators only
+  SavedSheet(2, "Φ18x1", 10, {"II/905"});            // 0.2 l/m
+  SavedSheet(3, "Φ20x2", 20, {"ΧΧ/905", "II/505"});  // carries 0.2; an unknown model adds 0
+  SavedSheet(4, "Φ16x1", 10, {"22/600"}, 2);         // no type file has family 2
+  CalculatedSheet();
+  form->Txta_a.Text = "5";
+  ASSERT_TRUE(Save());
+  const auto sheets = Sheets();
+  ASSERT_EQ(sheets.size(), 5u);
+  EXPECT_FLOAT_EQ(sheets[0].WaterContent, 3.0f);
+  EXPECT_FLOAT_EQ(sheets[1].WaterContent, 2.0f + 1.5f);
+  EXPECT_FLOAT_EQ(sheets[2].WaterContent, 4.0f + 1.5f);
+  EXPECT_FLOAT_EQ(sheets[3].WaterContent, 1.5f);
+  const auto loops = Loops();
+  EXPECT_EQ(loops[LoopRecordNumber(3, 1) - 1].SomaWater, 0.0f);  // not found: kept as it was
+  EXPECT_EQ(loops[LoopRecordNumber(3, 2) - 1].SomaWater, 1.5f);
+  EXPECT_EQ(state.SheetCount, 5);
+}
+
+TEST_F(SheetIOTest, ASheetComesBackCalculatedWhateverItsRecordSaid) {
+  CalculatedSheet();
+  ASSERT_TRUE(Save());
+  {
+    RecordFile<SheetRecord> sheets(folder / "SHEETS.TMP");
+    SheetRecord s = sheets.Read(1);
+    s.ResultsValid = 0.5f;
+    sheets.Write(1, s);
+  }
+  state.Calculated = 0;
+  form->DeleteSpreadData();
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  EXPECT_EQ(state.Calculated, -1);
+  EXPECT_EQ(form->Grid.Text(3, 4), "2,400");
+  EXPECT_EQ(form->TxtLoopLoad.Text, "2,400");
+  EXPECT_EQ(form->TxtOtherRes.Text, "0.00");
+  EXPECT_EQ(state.Thema, "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
+}
+
+TEST_F(SheetIOTest, BringingASheetBackTakesItsFamilyAsTheWorkingCopy) {
+  WriteTypeFile("Πάνελ.ths", 2, "Πάνελ", {Stepped("22/600", 150, 0.25f, 100, "400", 1, 30, "")});
+  SavedSheet(1, "Φ16x1", 10, {"22/600"}, 2);
+  Load();
+  ASSERT_EQ(state.SomaCategory, 1);
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  EXPECT_EQ(state.SomaCategory, 2);
+  EXPECT_EQ(form->CboSomata.Text(), "Πάνελ");
+  EXPECT_EQ(ReadAllBytes(folder / kSomataWorkingCopy), ReadAllBytes(folder / "Πάνελ.ths"));
+  EXPECT_EQ(form->Grid.List(1, 10), std::vector<std::string>{"22/600"});
+  EXPECT_EQ(form->Grid.Text(1, 10), "22/600");
+}
+
+TEST_F(SheetIOTest, AnEmptySheetWithoutStudyWritesNothingAndAsksNothing) {
+  Load();
+  prompter.Clear();
+  ASSERT_TRUE(Save());
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
+}
+
+TEST_F(SheetIOTest, AnEmptySheetOfAStudyAsksWhetherItIsToGo) {
+  SavedSheet(1, "Φ16x1", 10, {"II/905"});
+  Load();
+  prompter.Clear();
+  prompter.QueueAnswer(Answer::No);
+  const std::string before = ReadAllBytes(folder / "SHEETS.TMP");
+  ASSERT_TRUE(Save());
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Lines.front(), "!! ΔΕΝ ΥΠΑΡΧΟΥΝ ΔΕΔΟΜΕΝΑ ΓΙΑ ΤΟ ΤΡΕΧΟΝ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
+  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), before);
+  EXPECT_EQ(state.LastAnswer, "");
+}
+
+TEST_F(SheetIOTest, DeletingSheetTwoOfThreeMovesTheThirdUpAndDropsTheDerivedFiles) {
+  SavedSheet(1, "Φ16x1", 10, {"II/905"});
+  SavedSheet(2, "Φ18x1", 10, {"II/655", "II/505"});
+  SavedSheet(3, "Φ16x1", 7, {"III/905", "IV/905", "II/355"});
+  WriteAllBytes(folder / "DATARES.TMP", "derived");
+  WriteAllBytes(folder / "RAVOFLOORS.TMP", "levels");
+  Load();
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(2); }));
+  prompter.Clear();
+  prompter.QueueAnswer(Answer::Yes);
+  ASSERT_TRUE(boundary.Run([&] { form->CmdDeleteSheet_Click(); }));
+  EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ ΟΛΟΚΛΗΡΟ ΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
+  const auto sheets = Sheets();
+  ASSERT_EQ(sheets.size(), 2u);
+  EXPECT_EQ(sheets[1].SheetNo, 2);
+  EXPECT_EQ(sheets[1].LoopLength, 7.0f);
+  const auto loops = Loops();
+  ASSERT_EQ(loops.size(), 16u);
+  EXPECT_EQ(loops[8].SheetNo, 2);
+  EXPECT_EQ(loops[8].SomaType, "III/905");
+  EXPECT_EQ(state.SheetCount, 2);
+  EXPECT_EQ(form->Txta_a.Text, "2");
+  EXPECT_EQ(form->Grid.Text(3, 10), "II/355");
+  EXPECT_FALSE(std::filesystem::exists(folder / "DATARES.TMP"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "RAVOFLOORS.TMP"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "~SHEETS.TMP"));
+  EXPECT_EQ(state.StudyChanged, -1);
+}
+
+TEST_F(SheetIOTest, TheOnlySheetIsNeverDeleted) {
+  SavedSheet(1, "Φ16x1", 10, {"II/905"});
+  Load();
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  prompter.Clear();
+  ASSERT_TRUE(boundary.Run([&] { form->CmdDeleteSheet_Click(); }));
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(Sheets().size(), 1u);
+}
+
+}  // namespace
