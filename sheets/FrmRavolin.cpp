@@ -49,6 +49,7 @@ const std::vector<HeaderCaption>& FrmRavolin::Captions() {
       {"TxtLoopLength", "LblLoopLength", "ΣΥΝΟΛΙΚΟ ΜΗΚΟΣ ΒΡΟΧΟΥ :"},
       {"TxtOtherRes", "LblOtherRes", "ΙΣΟΔΥΝΑΜΟ ΜΗΚΟΣ ΕΙΔΙΚΩΝ ΤΟΠΙΚΩΝ ΑΝΤΙΣΤΑΣΕΩΝ ΒΡΟΧΟΥ :"},
       {"CboPipes", "LblPipes", "ΔΙΑΜΕΤΡΟΣ ΣΩΛΗΝΩΝ ΚΥΚΛΩΜΑΤΟΣ :"},
+      {"CboSomata", "LblSomata", "ΚΑΤΗΓΟΡΙΑ ΘΕΡΜΑΝΤΙΚΩΝ ΣΩΜΑΤΩΝ :"},
       {"TxtLoopLoad", "LblLoopLoad", "ΘΕΡΜΙΚΟ ΦΟΡΤΙΟ ΚΥΚΛΩΜΑΤΟΣ : "},
       {"TxtFlow", "LblFlow", "ΠΑΡΟΧΗ ΝΕΡΟΥ : "},
       {"TxtVelocity", "LblVelocity", "ΤΑΧΥΤΗΤΑ ΡΟΗΣ :"},

@@ -33,6 +33,7 @@ class FrmRavolin : public ScriptScreen {
   static constexpr const char* kDefaultThema = "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ";
   static constexpr const char* kPipeListFile = "RavoPipes.txt";
   static constexpr const char* kManualFile = "RM.pdf";
+  static constexpr const char* kCalcTip = "ΠΑΤΗΣΤΕ, ΕΝΑΛΛΑΚΤΙΚΑ, < F10 >";
 
   FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter, Platform& platform,
              CommandBoundary& boundary);

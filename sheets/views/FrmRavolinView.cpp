@@ -5,8 +5,10 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
+#include "GridListDelegate.h"
 #include "KeyMapping.h"
 
 namespace {
@@ -65,7 +67,7 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
       {"TxtLoopNo", {2, 0}},     {"TxtTempDrop", {3, 0}}, {"TxtOrigTemp", {4, 0}},
       {"TxtLoopLength", {5, 0}}, {"TxtOtherRes", {6, 0}}, {"CboPipes", {7, 0}},
       {"TxtLoopLoad", {1, 3}},   {"TxtFlow", {2, 3}},     {"TxtVelocity", {3, 3}},
-      {"TxtSFR", {4, 3}}};
+      {"TxtSFR", {4, 3}},        {"CboSomata", {6, 3}}};
   for (const auto& caption : FrmRavolin::Captions()) {
     const auto [row, col] = place.at(caption.Control);
     auto* label = new QLabel(QString::fromStdString(caption.Text).trimmed(), this);
@@ -74,13 +76,9 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
     QWidget* widget = nullptr;
     const std::string name = caption.Control;
     if (name == "CboPipes") {
-      pipes_ = new QComboBox(this);
-      pipes_->setObjectName(QStringLiteral("CboPipes"));
-      widget = pipes_;
-      connect(pipes_, &QComboBox::activated, this, [this](int index) {
-        if (rendering_) return;
-        Run([this, index] { logic_.Controls().at("CboPipes").ChooseIndex(index); });
-      });
+      widget = pipes_ = MakeCombo(name);
+    } else if (name == "CboSomata") {
+      widget = somata_ = MakeCombo(name);
     } else {
       auto* box = new FilteredLineEdit(
           FieldOf(logic_, name), logic_.EventsOf(name),
@@ -90,7 +88,7 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
       boxes_[name] = box;
       widget = box;
     }
-    if (name == "TxtThema") {
+    if (name == "TxtThema" || name == "CboSomata") {
       layout->addWidget(widget, row, col + 1, 1, 2);
       continue;
     }
@@ -100,9 +98,44 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
       layout->addWidget(new QLabel(QString::fromUtf8(Units().at(name)), this), row, col + 2);
     }
   }
+  calc_ = new QPushButton(QString::fromStdString(logic_.CmdCalc.Text), this);
+  calc_->setObjectName(QStringLiteral("CmdCalc"));
+  calc_->setToolTip(QString::fromUtf8(FrmRavolin::kCalcTip));
+  calc_->setFocusPolicy(Qt::TabFocus);
+  connect(calc_, &QPushButton::clicked, this, [this] { Run([this] { logic_.CmdCalc_Click(); }); });
+  layout->addWidget(calc_, 7, 4);
   layout->setColumnStretch(2, 1);
   layout->setColumnStretch(5, 1);
 }
+
+QComboBox* FrmRavolinView::MakeCombo(const std::string& name) {
+  auto* combo = new QComboBox(this);
+  combo->setObjectName(QString::fromStdString(name));
+  // A long family name must not widen the screen; the list shows it whole when opened.
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo->setMinimumContentsLength(12);
+  connect(combo, &QComboBox::activated, this, [this, name](int index) {
+    if (rendering_) return;
+    Run([this, name, index] { logic_.Controls().at(name).ChooseIndex(index); });
+  });
+  return combo;
+}
+
+namespace {
+
+void RenderCombo(QComboBox* widget, const ComboBox& combo) {
+  QStringList items;
+  for (const auto& item : combo.Items) items << QString::fromStdString(item);
+  QStringList shown;
+  for (int i = 0; i < widget->count(); ++i) shown << widget->itemText(i);
+  if (shown != items) {
+    widget->clear();
+    widget->addItems(items);
+  }
+  widget->setCurrentIndex(combo.Index);
+}
+
+}  // namespace
 
 void FrmRavolinView::BuildGrid() {
   model_ = new GridModel(
@@ -114,6 +147,7 @@ void FrmRavolinView::BuildGrid() {
   grid_ = new QTableView(this);
   grid_->setObjectName(QStringLiteral("Grid"));
   grid_->setModel(model_);
+  grid_->setItemDelegate(new GridListDelegate(logic_.Grid, grid_));
   QHeaderView* heads = grid_->horizontalHeader();
   heads->setDefaultAlignment(Qt::Alignment(Qt::AlignCenter | Qt::TextWordWrap));
   heads->setMinimumHeight(118);
@@ -156,15 +190,8 @@ void FrmRavolinView::Render() {
   rendering_ = true;
   setWindowTitle(QString::fromStdString(logic_.Caption.Text));
   for (auto& [name, box] : boxes_) box->Render();
-  QStringList items;
-  for (const auto& item : logic_.CboPipes.Items) items << QString::fromStdString(item);
-  QStringList shown;
-  for (int i = 0; i < pipes_->count(); ++i) shown << pipes_->itemText(i);
-  if (shown != items) {
-    pipes_->clear();
-    pipes_->addItems(items);
-  }
-  pipes_->setCurrentIndex(logic_.CboPipes.Index);
+  RenderCombo(pipes_, logic_.CboPipes);
+  RenderCombo(somata_, logic_.CboSomata);
   model_->Refresh();
   const QModelIndex active =
       model_->index(logic_.Grid.ActiveRow() - 1, logic_.Grid.ActiveCol() - 1);
@@ -175,6 +202,7 @@ void FrmRavolinView::Render() {
 QWidget* FrmRavolinView::WidgetNamed(const std::string& name) const {
   if (name == "Grid") return grid_;
   if (name == "CboPipes") return pipes_;
+  if (name == "CboSomata") return somata_;
   auto it = boxes_.find(name);
   return it == boxes_.end() ? nullptr : it->second;
 }

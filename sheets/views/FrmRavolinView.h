@@ -28,6 +28,10 @@ class FrmRavolinView : public QWidget {
   QTableView* GridView() const { return grid_; }
   FilteredLineEdit* TextBox(const std::string& name) const;
   QComboBox* Pipes() const { return pipes_; }
+  QComboBox* Somata() const { return somata_; }
+  class QPushButton* CalcButton() const {
+    return calc_;
+  }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,7 +45,10 @@ class FrmRavolinView : public QWidget {
   FrmRavolin& logic_;
   CommandBoundary& boundary_;
   std::map<std::string, FilteredLineEdit*> boxes_;
+  QComboBox* MakeCombo(const std::string& name);
   QComboBox* pipes_ = nullptr;
+  QComboBox* somata_ = nullptr;
+  class QPushButton* calc_ = nullptr;
   QTableView* grid_ = nullptr;
   GridModel* model_ = nullptr;
   bool rendering_ = false;

@@ -2,14 +2,17 @@
 // keys and edits reach its handlers.
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
 
 #include "FakePlatform.h"
 #include "FrmRavolinView.h"
 #include "GridModel.h"
 #include "TempFolder.h"
+#include "TypeFiles.h"
 
 namespace {
 
@@ -21,6 +24,9 @@ class ViewTest : public ::testing::Test {
                   "\xD6"
                   "16x1\r\n\xD6"
                   "18x1\r\n");
+    WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
+    WriteTypeFile(folder / "Πάνελ.ths", 2, "Χαλύβδινα Πάνελ (EN 442)",
+                  {Stepped("22/600", 150, 0.25f, 100, "400", 4, 30, "")});
     logic.Form_Load();
     view.Render();
     view.show();
@@ -101,6 +107,55 @@ TEST_F(ViewTest, AnEditOfTheGridReachesTheLogic) {
   EXPECT_EQ(logic.Grid.Text(1, 2), "1000");
   EXPECT_EQ(logic.Grid.ActiveRow(), 1);
   EXPECT_EQ(logic.Grid.ActiveCol(), 2);
+}
+
+TEST_F(ViewTest, TheFamiliesComboShowsTheFamiliesAndAPickTakesTheWorkingCopy) {
+  ASSERT_EQ(view.Somata()->count(), 2);
+  EXPECT_EQ(view.Somata()->currentText().toStdString(), kSectionFamilyCategory);
+  EXPECT_EQ(view.Somata()->itemText(1), QStringLiteral("Χαλύβδινα Πάνελ"));
+  emit view.Somata()->activated(1);
+  EXPECT_EQ(state.SomaCategory, 2);
+  EXPECT_EQ(logic.Grid.List(1, 10), std::vector<std::string>{"22/600"});
+}
+
+TEST_F(ViewTest, TheModelCellOpensADropDownOfTheFamilysModels) {
+  QAbstractItemView* grid = view.GridView();
+  const QModelIndex cell = grid->model()->index(0, 9);
+  QWidget* editor = grid->itemDelegate()->createEditor(grid->viewport(), {}, cell);
+  auto* combo = qobject_cast<QComboBox*>(editor);
+  ASSERT_NE(combo, nullptr);
+  EXPECT_EQ(combo->count(), 12);
+  EXPECT_EQ(combo->itemText(0), QStringLiteral("II/905"));
+  combo->setCurrentIndex(4);
+  grid->itemDelegate()->setModelData(combo, grid->model(), cell);
+  EXPECT_EQ(logic.Grid.Text(1, 10), "III/905");
+  delete editor;
+  // A cell without a list keeps the plain editor.
+  QWidget* plain =
+      grid->itemDelegate()->createEditor(grid->viewport(), {}, grid->model()->index(0, 1));
+  EXPECT_EQ(qobject_cast<QComboBox*>(plain), nullptr);
+  delete plain;
+}
+
+TEST_F(ViewTest, F10AndTheButtonCalculateTheSheet) {
+  for (auto [name, text] :
+       {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "10"}})
+    logic.Controls().at(name).Type(text);
+  logic.Grid.SetText(1, 1, "1");
+  logic.Grid.SetText(1, 2, "1000");
+  logic.Grid.SetText(1, 3, "20");
+  logic.Grid.SetText(1, 10, "II/905");
+  view.Render();
+  view.GridView()->setFocus();
+  QTest::keyClick(view.GridView(), Qt::Key_F10);
+  EXPECT_EQ(view.GridView()->model()->data(view.GridView()->model()->index(0, 10)).toString(),
+            QStringLiteral("13/II/905"));
+  EXPECT_EQ(view.TextBox("TxtFlow")->text(), QStringLiteral("50,0"));
+  logic.DeleteResultsCells();
+  view.Render();
+  ASSERT_EQ(view.CalcButton()->toolTip().toStdString(), FrmRavolin::kCalcTip);
+  QTest::mouseClick(view.CalcButton(), Qt::LeftButton);
+  EXPECT_EQ(logic.Grid.Text(1, 11), "13/II/905");
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "SomaRecord.h"
 #include "StudyState.h"
 #include "TempFolder.h"
+#include "TypeFiles.h"
 #include "Workspace.h"
 
 inline const Separators kGreek{U',', U'.'};
@@ -33,58 +34,18 @@ class SheetsTest : public ::testing::Test {
     WriteAllBytes(folder / "RavoPipes.txt", bytes);
   }
 
-  // A radiator type file of the program folder: the family values in every record, the records
-  // numbered in order.
   void WriteTypeFile(const std::string& name, int16_t categoryNo, const std::string& category,
                      std::vector<SomaRecord> models) {
-    RecordFile<SomaRecord> file(folder / name);
-    for (std::size_t i = 0; i < models.size(); ++i) {
-      SomaRecord& m = models[i];
-      m.CategoryNo = categoryNo;
-      m.RecordNo = static_cast<int16_t>(i + 1);
-      m.Category = category;
-      if (m.MeanActiveTemp == 0) m.MeanActiveTemp = 60;
-      file.Write(static_cast<int32_t>(i + 1), m);
-    }
+    ::WriteTypeFile(folder / name, categoryNo, category, std::move(models));
   }
   // The family with sections, as a type file and its master copy.
   void WriteSectionFamily(float unitWater = 1.5f) {
-    std::vector<SomaRecord> models;
-    for (const SectionRating& r : SectionRatings()) {
-      SomaRecord m;
-      m.SomaType = r.Model;
-      m.Step = 40;
-      m.StepUnits = "Στοιχεία";
-      m.FirstSoma = "40";
-      m.MinSteps = 1;
-      m.MaxSteps = 40;
-      m.UnitOutput = r.Output;
-      m.UnitArea = r.Area;
-      m.UnitWater = unitWater;
-      models.push_back(m);
-    }
-    WriteTypeFile(kSectionFamilyFile, 1, kSectionFamilyCategory, models);
-    WriteTypeFile(kSectionFamilyMaster, 1, kSectionFamilyCategory, models);
+    WriteTypeFile(kSectionFamilyFile, 1, kSectionFamilyCategory, SectionModels(unitWater));
+    WriteTypeFile(kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(unitWater));
   }
   void WriteSectionFamilyMaster() {
     WriteSectionFamily();
     std::filesystem::remove(folder / kSectionFamilyFile);
-  }
-  // A stepped model: output per step at 80/20, sizes in steps, the discontinuities.
-  static SomaRecord Stepped(const std::string& type, float unitOutput, float unitArea, float step,
-                            const std::string& firstSoma, int16_t minSteps, int16_t maxSteps,
-                            const std::string& discon) {
-    SomaRecord m;
-    m.SomaType = type;
-    m.UnitOutput = unitOutput;
-    m.UnitArea = unitArea;
-    m.Step = step;
-    m.StepUnits = "mm";
-    m.FirstSoma = firstSoma;
-    m.MinSteps = minSteps;
-    m.MaxSteps = maxSteps;
-    m.Discon = discon;
-    return m;
   }
 
   void Cell(int row, int col, const std::string& text) {

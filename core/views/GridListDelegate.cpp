@@ -1,0 +1,45 @@
+#include "GridListDelegate.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+
+GridListDelegate::GridListDelegate(const TextGrid& grid, QObject* parent)
+    : QStyledItemDelegate(parent), grid_(grid) {}
+
+const std::vector<std::string>& GridListDelegate::ListOf(const QModelIndex& index) const {
+  return grid_.List(index.row() + 1, index.column() + 1);
+}
+
+QWidget* GridListDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const {
+  const auto& list = ListOf(index);
+  if (list.empty()) return QStyledItemDelegate::createEditor(parent, option, index);
+  auto* combo = new QComboBox(parent);
+  combo->setEditable(true);
+  combo->setInsertPolicy(QComboBox::NoInsert);
+  for (const std::string& item : list) combo->addItem(QString::fromStdString(item));
+  // A pick from the list ends the edit at once, as the old grid's drop-down did.
+  connect(combo, &QComboBox::activated, this, [this, combo] {
+    auto* self = const_cast<GridListDelegate*>(this);
+    emit self->commitData(combo);
+    emit self->closeEditor(combo);
+  });
+  return combo;
+}
+
+void GridListDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+  auto* combo = qobject_cast<QComboBox*>(editor);
+  if (combo == nullptr) return QStyledItemDelegate::setEditorData(editor, index);
+  const QString text = index.data(Qt::EditRole).toString();
+  const int at = combo->findText(text);
+  // An empty cell opens on the first model of the family.
+  combo->setCurrentIndex(at >= 0 ? at : (text.isEmpty() ? 0 : -1));
+  if (at < 0 && !text.isEmpty()) combo->setEditText(text);
+}
+
+void GridListDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
+                                    const QModelIndex& index) const {
+  auto* combo = qobject_cast<QComboBox*>(editor);
+  if (combo == nullptr) return QStyledItemDelegate::setModelData(editor, model, index);
+  model->setData(index, combo->currentText(), Qt::EditRole);
+}
