@@ -2,6 +2,12 @@
 //   make-data-files text IN OUT    a UTF-8 list (lines starting with "#" are comments) becomes
 //                                  a code page 1253 text with one entry a line (CRLF, as the
 //                                  engineers' files have it)
+//   make-data-files somata IN OUT...
+//                                  the source of one radiator family (see SomataSource.h)
+//                                  becomes its type file, 331-byte records; every OUT gets
+//                                  the same bytes (the default family is both the master
+//                                  "~Basic.dl" and its ".ths")
+#include <cstdio>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -9,6 +15,7 @@
 #include <vector>
 
 #include "Cp1253.h"
+#include "SomataSource.h"
 
 namespace {
 
@@ -27,14 +34,27 @@ std::vector<std::string> SourceLines(const std::string& text) {
   return lines;
 }
 
-int MakeText(const std::string& in, const std::string& out) {
+bool ReadSource(const std::string& in, std::string& text) {
   std::ifstream source(in, std::ios::binary);
   if (!source) {
     std::cerr << "make-data-files: cannot read " << in << '\n';
-    return 1;
+    return false;
   }
-  const std::string text((std::istreambuf_iterator<char>(source)),
-                         std::istreambuf_iterator<char>());
+  text.assign(std::istreambuf_iterator<char>(source), std::istreambuf_iterator<char>());
+  return true;
+}
+
+bool WriteTarget(const std::string& out, const std::string& bytes) {
+  std::ofstream target(out, std::ios::binary | std::ios::trunc);
+  target.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  target.close();
+  if (!target) std::cerr << "make-data-files: cannot write " << out << '\n';
+  return static_cast<bool>(target);
+}
+
+int MakeText(const std::string& in, const std::string& out) {
+  std::string text;
+  if (!ReadSource(in, text)) return 1;
   std::string bytes;
   for (const std::string& line : SourceLines(text)) {
     if (!IsCp1253Representable(line)) {
@@ -43,9 +63,26 @@ int MakeText(const std::string& in, const std::string& out) {
     }
     bytes += Utf8ToCp1253(line) + "\r\n";
   }
-  std::ofstream target(out, std::ios::binary | std::ios::trunc);
-  target.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return target ? 0 : 1;
+  return WriteTarget(out, bytes) ? 0 : 1;
+}
+
+// A refused source leaves no target behind, so the build cannot go on with an old file.
+int MakeSomata(const std::string& in, const std::vector<std::string>& outs) {
+  std::string text;
+  if (!ReadSource(in, text)) return 1;
+  std::string bytes;
+  try {
+    bytes = EncodeSomataFile(ReadSomataSource(text));
+  } catch (const SomataSourceError& error) {
+    std::cerr << "make-data-files: " << in;
+    if (error.Line() != 0) std::cerr << ':' << error.Line();
+    std::cerr << ": " << error.Message() << '\n';
+    for (const std::string& out : outs) std::remove(out.c_str());
+    return 1;
+  }
+  for (const std::string& out : outs)
+    if (!WriteTarget(out, bytes)) return 1;
+  return 0;
 }
 
 }  // namespace
@@ -53,6 +90,9 @@ int MakeText(const std::string& in, const std::string& out) {
 int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + 1, argv + argc);
   if (args.size() == 3 && args[0] == "text") return MakeText(args[1], args[2]);
-  std::cerr << "usage: make-data-files text IN OUT\n";
+  if (args.size() >= 3 && args[0] == "somata")
+    return MakeSomata(args[1], std::vector<std::string>(args.begin() + 2, args.end()));
+  std::cerr << "usage: make-data-files text IN OUT\n"
+               "       make-data-files somata IN OUT...\n";
   return 2;
 }
