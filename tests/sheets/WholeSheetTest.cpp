@@ -129,9 +129,10 @@ TEST_P(WholeSheet, EveryCellAfterCalculate) {
 }
 
 // What the screen shows after the sheet is saved comes back the same from the working files.
-TEST_P(WholeSheet, SavedSheetComesBackIdentical) {
+using SavedWholeSheet = WholeSheet;
+
+TEST_P(SavedWholeSheet, ComesBackIdentical) {
   const WholeSheetCase& c = GetParam();
-  if (std::string(c.Outcome) != "ok") GTEST_SKIP() << "nothing calculated to save";
   Enter(c);
   Key(KeyCode::F10);
   ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
@@ -168,6 +169,16 @@ std::string CaseName(const ::testing::TestParamInfo<WholeSheetCase>& info) {
   return "Case" + std::to_string(info.index);
 }
 
+// The sheets that calculate, for the way to the working files and back.
+std::vector<WholeSheetCase> CalculatedCases() {
+  std::vector<WholeSheetCase> ok;
+  for (const WholeSheetCase& c : Cases())
+    if (std::string(c.Outcome) == "ok") ok.push_back(c);
+  return ok;
+}
+
 INSTANTIATE_TEST_SUITE_P(Oracle, WholeSheet, ::testing::ValuesIn(Cases()), CaseName);
+INSTANTIATE_TEST_SUITE_P(Oracle, SavedWholeSheet, ::testing::ValuesIn(CalculatedCases()),
+                         CaseName);
 
 }  // namespace
