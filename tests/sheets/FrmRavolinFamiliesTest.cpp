@@ -120,6 +120,20 @@ TEST_F(FamiliesTest, AQualifierInBracketsIsNotShownAndTheFirstOfTwoLikeNamesWins
   EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes("Πάνελ Α.ths"));  // told apart by nothing
 }
 
+TEST_F(FamiliesTest, AnEmptyTypeFileFailsItsTestAndOneCutShortStillServes) {
+  WriteSectionFamily();
+  WriteAllBytes(folder / "Κενό.ths", "");
+  WritePanelFamily("Κομμένο.ths", "Κομμένο", 5);
+  std::filesystem::resize_file(folder / "Κομμένο.ths", 2 * 331 - 1);  // the last byte lost
+  Load();
+  EXPECT_TRUE(std::filesystem::exists(folder / "Κενό.th_"));
+  EXPECT_EQ(form->CboSomata.Items, (std::vector<std::string>{kSectionFamilyCategory, "Κομμένο"}));
+  Choose("CboSomata", "Κομμένο");
+  EXPECT_EQ(state.SomaRecords, 2);  // 661 bytes are two records, rounded
+  EXPECT_EQ(form->Grid.List(1, 10), (std::vector<std::string>{"11/600", "22/600"}));
+  EXPECT_TRUE(prompter.History().empty());
+}
+
 TEST_F(FamiliesTest, GetListIndexFindsTheEntryOrGivesTheFirst) {
   WriteSectionFamily();
   WritePanelFamily("Χαλύβδινα Πάνελ.ths", "Χαλύβδινα Πάνελ", 9);

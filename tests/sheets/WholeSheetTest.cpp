@@ -178,7 +178,6 @@ std::vector<WholeSheetCase> CalculatedCases() {
 }
 
 INSTANTIATE_TEST_SUITE_P(Oracle, WholeSheet, ::testing::ValuesIn(Cases()), CaseName);
-INSTANTIATE_TEST_SUITE_P(Oracle, SavedWholeSheet, ::testing::ValuesIn(CalculatedCases()),
-                         CaseName);
+INSTANTIATE_TEST_SUITE_P(Oracle, SavedWholeSheet, ::testing::ValuesIn(CalculatedCases()), CaseName);
 
 }  // namespace
