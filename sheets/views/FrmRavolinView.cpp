@@ -133,6 +133,7 @@ void RenderCombo(QComboBox* widget, const ComboBox& combo) {
     widget->addItems(items);
   }
   widget->setCurrentIndex(combo.Index);
+  widget->setToolTip(widget->currentText());  // the whole name, when the box cuts it
 }
 
 }  // namespace
