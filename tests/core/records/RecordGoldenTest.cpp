@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "RecordFile.h"
+#include "SomaRecord.h"
 #include "StudyRecords.h"
 #include "TempFolder.h"
 
@@ -310,6 +311,91 @@ TEST(RecordGolden, TooLongTextIsCutAtTheWidthOfItsField) {
   EXPECT_EQ(disk.substr(152, 4), FromHex("00509a44"));  // the next field is untouched
   RecordFile<SheetRecord> sheets(dir / "SHEETS.TMP", RecordFileMode::ReadOnly);
   EXPECT_EQ(sheets.Read(1).PipeName, "Φ16x1 χα");
+}
+
+// ---- The radiator type file ----------------------------------------------------------------
+
+SomaRecord KnownSoma() {
+  SomaRecord m;
+  m.CategoryNo = 2;
+  m.RecordNo = 3;
+  m.Category = "Πάνελ";
+  m.SomaType = "22/600";
+  m.MeanActiveTemp = 60.0f;
+  m.Step = 100.0f;
+  m.StepUnits = "mm";
+  m.FirstSoma = "100";
+  m.MinSteps = 4;
+  m.MaxSteps = 30;
+  m.UnitOutput = 150.5f;
+  m.UnitArea = 0.25f;
+  m.SomaHeight = 600.0f;
+  m.SomaWidth = 100.0f;
+  m.UnitWater = 0.5f;
+  m.SomaWeight = 27.5f;
+  m.Discon = "21,23,";
+  m.Reserved = Pattern(20, 11, 0x81);
+  return m;
+}
+
+const std::vector<Span> kSomaImage = {
+    {"CategoryNo", 0, FromHex("0200")},
+    {"RecordNo", 2, FromHex("0300")},
+    {"Category", 4, Blanked(FromHex("d0dcede5eb"), 120)},
+    {"SomaType", 124, Blanked("22/600", 25)},
+    {"MeanActiveTemp", 149, FromHex("00007042")},
+    {"Step", 153, FromHex("0000c842")},
+    {"StepUnits", 157, Blanked("mm", 16)},
+    {"FirstSoma", 173, Blanked("100", 10)},
+    {"MinSteps", 183, FromHex("0400")},
+    {"MaxSteps", 185, FromHex("1e00")},
+    {"UnitOutput", 187, FromHex("00801643")},
+    {"UnitArea", 191, FromHex("0000803e")},
+    {"SomaHeight", 195, FromHex("00001644")},
+    {"SomaWidth", 199, FromHex("0000c842")},
+    {"UnitWater", 203, FromHex("0000003f")},
+    {"SomaWeight", 207, FromHex("0000dc41")},
+    {"Discon", 211, Blanked("21,23,", 100)},
+    {"Reserved", 311, Pattern(20, 11, 0x81)},
+};
+
+TEST(RecordGolden, SomaRecordOnDiskAndBack) {
+  ExpectSpansTile(kSomaImage, 331);
+  TempFolder dir;
+  {
+    RecordFile<SomaRecord> file(dir / "Πάνελ.ths");
+    file.Write(1, KnownSoma());
+  }
+  const std::string disk = ReadAllBytes(dir / "Πάνελ.ths");
+  ASSERT_EQ(disk.size(), 331u);
+  ExpectImage(disk, kSomaImage);
+  const SomaRecord back = RecordFile<SomaRecord>(dir / "Πάνελ.ths").Read(1);
+  EXPECT_EQ(back.Category, "Πάνελ");
+  EXPECT_EQ(back.Discon, "21,23,");
+  EXPECT_EQ(back.UnitOutput, 150.5f);
+  EXPECT_EQ(back.MaxSteps, 30);
+  EXPECT_EQ(back.Reserved, Pattern(20, 11, 0x81));
+}
+
+TEST(RecordGolden, AFileOf330BytesHoldsOneRecordCutShort) {
+  TempFolder dir;
+  {
+    RecordFile<SomaRecord> file(dir / "x.ths");
+    file.Write(1, KnownSoma());
+  }
+  std::filesystem::resize_file(dir / "x.ths", 330);
+  RecordFile<SomaRecord> file(dir / "x.ths");
+  ASSERT_EQ(file.Count(), 1);
+  const SomaRecord cut = file.Read(1);
+  EXPECT_EQ(cut.UnitOutput, 150.5f);
+  EXPECT_EQ(cut.Reserved, Pattern(19, 11, 0x81) + std::string(1, '\0'));
+}
+
+TEST(RecordGolden, DisplayCategoryDropsTheQualifierInBrackets) {
+  EXPECT_EQ(DisplayCategory("Χαλύβδινα Πάνελ (EN 442, τύποι 11-22-33)"), "Χαλύβδινα Πάνελ");
+  EXPECT_EQ(DisplayCategory("  Κλασσικά Θερμαντικά Σώματα, με Φέτες  "),
+            "Κλασσικά Θερμαντικά Σώματα, με Φέτες");
+  EXPECT_EQ(DisplayCategory("(μόνο)"), "");
 }
 
 }  // namespace
