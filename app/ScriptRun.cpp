@@ -26,6 +26,16 @@ class ScriptPlatform : public Platform {
   std::ostream& out_;
 };
 
+// Modal screens of a script run: the lines that name the screen go to it until it closes.
+class ScriptScreens : public Screens {
+ public:
+  explicit ScriptScreens(ScriptDriver& driver) : driver_(driver) {}
+  void ShowModal(ScriptScreen& screen) override { driver_.RunModal(screen); }
+
+ private:
+  ScriptDriver& driver_;
+};
+
 }  // namespace
 
 int RunScript(const Options& options, Workspace& workspace, std::ostream& out, std::ostream& err) {
@@ -34,7 +44,8 @@ int RunScript(const Options& options, Workspace& workspace, std::ostream& out, s
   ScriptPlatform platform({options.ScreenWidth, options.ScreenHeight}, out);
   StudyState state;
   CommandBoundary boundary(workspace, prompter);
-  FrmRavolin main(workspace, state, prompter, platform, boundary);
+  ScriptScreens screens(driver);
+  FrmRavolin main(workspace, state, prompter, platform, boundary, screens);
   driver.SetMainScreen(&main);
   driver.SetCommandRunner([&](const std::function<void()>& action) { boundary.Run(action); });
   boundary.Run([&] { main.Form_Load(); });

@@ -12,6 +12,7 @@
 #include "Options.h"
 #include "QtPlatform.h"
 #include "QtPrompter.h"
+#include "QtScreens.h"
 #include "RuntimeFault.h"
 #include "ScriptRun.h"
 #include "StudyState.h"
@@ -63,9 +64,11 @@ int RunDesktop(int argc, char** argv, const Options& options) {
   QtPlatform platform;
   StudyState state;
   CommandBoundary boundary(*ws, prompter);
-  FrmRavolin logic(*ws, state, prompter, platform, boundary);
+  QtScreens screens(boundary);
+  FrmRavolin logic(*ws, state, prompter, platform, boundary, screens);
   FrmRavolinView view(logic, boundary);
   prompter.SetParent(&view);
+  screens.SetParent(&view);
   boundary.Run([&] { logic.Form_Load(); });
   view.Render();
   Centre(view);

@@ -111,11 +111,15 @@ void TypeIntoTextBox(Field& field, const TextBoxEvents& events, const std::strin
   if (events.GotFocus) events.GotFocus();
   // The focus selects the whole text: the first accepted character replaces it.
   bool selected = true;
+  std::size_t length = Utf8ToU32(field.Text).size();
   for (char32_t ch : Utf8ToU32(text)) {
     if (events.KeyPress && !events.KeyPress(ch)) continue;
-    if (selected) field.Text.clear();
+    if (selected) field.Text.clear(), length = 0;
     selected = false;
+    // A full box takes no more characters, as the platform's text box did.
+    if (field.MaxLength > 0 && length >= static_cast<std::size_t>(field.MaxLength)) continue;
     AppendUtf8(field.Text, ch);
+    ++length;
   }
   // Nothing to type: the user deletes the selection.
   if (text.empty()) field.Text.clear();
@@ -165,6 +169,25 @@ Control ComboControl(ComboBox& combo, std::function<void()> click) {
   c.ChooseText = [&combo, choose = c.ChooseIndex](const std::string& text) {
     const auto at = std::find(combo.Items.begin(), combo.Items.end(), text);
     if (at != combo.Items.end()) choose(static_cast<int>(at - combo.Items.begin()));
+  };
+  return c;
+}
+
+Control ListControl(ListBox& list, std::function<void()> click) {
+  Control c;
+  c.Entries = [&list] { return list.Items; };
+  c.Enabled = [&list] { return list.Enabled; };
+  c.Visible = [&list] { return list.Visible; };
+  c.GetText = [&list] {
+    const int i = list.SelectedIndex();
+    return i >= 0 ? list.Items[i] : std::string();
+  };
+  c.Select = [&list, click](const std::vector<std::string>& entries) {
+    list.Selected.assign(list.Items.size(), false);
+    for (std::size_t i = 0; i < list.Items.size(); ++i)
+      for (const std::string& e : entries)
+        if (list.Items[i] == e) list.Selected[i] = true;
+    if (click) click();
   };
   return c;
 }

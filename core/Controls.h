@@ -14,6 +14,7 @@ struct Field {
   std::string Text;
   bool Enabled = true;
   bool Visible = true;
+  int MaxLength = 0;  // characters a user may type; 0: no limit
 };
 
 // A drop-down list.
@@ -24,6 +25,24 @@ struct ComboBox {
   bool Visible = true;
   std::string Text() const {
     return Index >= 0 && Index < static_cast<int>(Items.size()) ? Items[Index] : std::string();
+  }
+};
+
+// A list of entries of which the user selects some (one, in most lists).
+struct ListBox {
+  std::vector<std::string> Items;
+  std::vector<bool> Selected;  // one flag per entry
+  bool Enabled = true;
+  bool Visible = true;
+  // The first selected entry, -1 when none is.
+  int SelectedIndex() const {
+    for (std::size_t i = 0; i < Selected.size() && i < Items.size(); ++i)
+      if (Selected[i]) return static_cast<int>(i);
+    return -1;
+  }
+  void SetItems(std::vector<std::string> items) {
+    Items = std::move(items);
+    Selected.assign(Items.size(), false);
   }
 };
 
@@ -115,6 +134,8 @@ Control LabelControl(const Field& field);
 Control TextBoxControl(Field& field, TextBoxEvents events);
 Control ComboControl(ComboBox& combo, std::function<void()> click);
 Control CommandControl(const Field& field, std::function<void()> click);
+// A list: `select` leaves exactly the given entries selected, then runs `click`.
+Control ListControl(ListBox& list, std::function<void()> click);
 
 // A screen as the script driver and the views see it.
 class ScriptScreen {

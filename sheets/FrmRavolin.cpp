@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <map>
 
 #include "Checked.h"
 #include "Cp1253.h"
@@ -78,14 +79,32 @@ const std::vector<std::string>& FrmRavolin::ColumnHeads() {
   return heads;
 }
 
+const std::vector<FrmRavolin::CommandButton>& FrmRavolin::CommandButtons() {
+  static const std::vector<CommandButton> buttons = {
+      {"CmdCalc", &FrmRavolin::CmdCalc, kCalcTip},
+      {"CmdAddSpaces", &FrmRavolin::CmdAddSpaces, "ΠΡΟΣΘΗΚΗ ΧΩΡΩΝ ή ΣΩΜΑΤΩΝ ΣΤΟ ΚΥΚΛΩΜΑ, < + >"},
+      {"CmdRemoveSpaces", &FrmRavolin::CmdRemoveSpaces,
+       "ΔΙΑΓΡΑΦΗ ΧΩΡΩΝ ή ΣΩΜΑΤΩΝ ΑΠΟ ΤΟ ΚΥΚΛΩΜΑ, < - >"},
+      {"CmdOneRowUp", &FrmRavolin::CmdOneRowUp, "ΠΡΟΩΘΗΣΗ ΣΕΙΡΑΣ ΔΕΔΟΜΕΝΩΝ, ΠΡΟΣ ΤΑ ΑΝΩ"},
+      {"CmdOneRowDn", &FrmRavolin::CmdOneRowDn, "ΠΡΟΩΘΗΣΗ ΣΕΙΡΑΣ ΔΕΔΟΜΕΝΩΝ, ΠΡΟΣ ΤΑ ΚΑΤΩ"},
+      {"CmdPaste", &FrmRavolin::CmdPaste,
+       "ΕΠΙΚΟΛΛΗΣΗ ΤΗΣ ΑΝΩ ΣΕΙΡΑΣ (Paste Uper Row)  - ή πλήκτρο < F5 >"},
+      {"CmdEditCols", &FrmRavolin::CmdEditCols, ""},
+      {"CmdDeleteRow", &FrmRavolin::CmdDeleteRow, "ΔΙΑΓΡΑΦΗ ΣΕΙΡΑΣ ΑΠΟ ΤΟ SpreadSheet"},
+      {"CmdDeleteColumn", &FrmRavolin::CmdDeleteColumn, "ΔΙΑΓΡΑΦΗ ΣΤΗΛΗΣ ΑΠΟ ΤΟ SpreadSheet"},
+  };
+  return buttons;
+}
+
 FrmRavolin::FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter,
-                       Platform& platform, CommandBoundary& boundary)
+                       Platform& platform, CommandBoundary& boundary, Screens& screens)
     : ws_(workspace),
       st_(state),
       prompter_(prompter),
       platform_(platform),
       boundary_(boundary),
-      sizing_(workspace, state) {
+      sizing_(workspace, state),
+      screens_(screens) {
   Caption.Text = kCaption;
   for (auto* output : {&Txta_a, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR})
     output->Enabled = false;  // shown, never typed into
@@ -192,29 +211,30 @@ bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
     ShowManual();
     return true;
   }
-  if (key.Code == KeyCode::F10 && plain) {
-    CmdCalc_Click();
-    return true;
+  if (!plain) return false;
+  switch (key.Code) {
+    case KeyCode::F10:
+      CmdCalc_Click();
+      return true;
+    case KeyCode::F5:
+      KeyF5();
+      return true;
+    case KeyCode::F2:
+      CmdEditCols_Click();
+      return true;
+    case KeyCode::NumPlus:
+      CmdAddSpaces_Click();
+      return true;
+    case KeyCode::NumMinus:
+      CmdRemoveSpaces_Click();
+      return true;
+    default:
+      return false;
   }
-  return false;
 }
 
 void FrmRavolin::ShowManual() {
   if (ws_.FileExists(kManualFile)) platform_.OpenDocument(ws_.PathOf(kManualFile));
-}
-
-void FrmRavolin::Grid_EditCell(int row, int col, const std::string& text) {
-  Grid.SetActiveCell(row, col);
-  Grid.SetText(row, col, text);
-}
-
-void FrmRavolin::Grid_Click(int row, int col) {
-  Grid.SetActiveCell(row, col);
-}
-
-void FrmRavolin::Grid_MarkBlock(CellBlock block) {
-  Grid.SetBlock(block);
-  SelectionBlock = block;
 }
 
 void FrmRavolin::BuildControls() {
@@ -238,7 +258,18 @@ void FrmRavolin::BuildControls() {
     controls_[Captions()[i].Label] = LabelControl(captionFields[i]);
   controls_["CboPipes"] = ComboControl(CboPipes, [] {});  // no change handler, kept on purpose
   controls_["CboSomata"] = ComboControl(CboSomata, [this] { CboSomata_Click(); });
-  controls_["CmdCalc"] = CommandControl(CmdCalc, [this] { CmdCalc_Click(); });
+  const std::map<std::string, std::function<void()>> clicks = {
+      {"CmdCalc", [this] { CmdCalc_Click(); }},
+      {"CmdAddSpaces", [this] { CmdAddSpaces_Click(); }},
+      {"CmdRemoveSpaces", [this] { CmdRemoveSpaces_Click(); }},
+      {"CmdOneRowUp", [this] { CmdOneRowUp_Click(); }},
+      {"CmdOneRowDn", [this] { CmdOneRowDn_Click(); }},
+      {"CmdPaste", [this] { CmdPaste_Click(); }},
+      {"CmdEditCols", [this] { CmdEditCols_Click(); }},
+      {"CmdDeleteRow", [this] { CmdDeleteRow_Click(); }},
+      {"CmdDeleteColumn", [this] { CmdDeleteColumn_Click(); }}};
+  for (const CommandButton& b : CommandButtons())
+    controls_[b.Name] = CommandControl(this->*b.Button, clicks.at(b.Name));
   Control grid;
   grid.Grid = &Grid;
   grid.EditCell = [this](int r, int c, const std::string& t) { Grid_EditCell(r, c, t); };

@@ -12,6 +12,7 @@
 #include "Message.h"
 #include "Platform.h"
 #include "RadiatorSizing.h"
+#include "Screens.h"
 #include "StudyRecords.h"
 #include "StudyState.h"
 #include "TextGrid.h"
@@ -35,8 +36,19 @@ class FrmRavolin : public ScriptScreen {
   static constexpr const char* kManualFile = "RM.pdf";
   static constexpr const char* kCalcTip = "ΠΑΤΗΣΤΕ, ΕΝΑΛΛΑΚΤΙΚΑ, < F10 >";
 
+  static constexpr const char* kBlockCaption =
+      "ΠΑΤΗΣΤΕ Το ΠΛΗΚΤΡΟ < F5 >, ΓΙΑ ΑΝΤΙΓΡΑΦΗ ΣΤΑ ΕΠΙΛΕΓΜΕΝΑ ΚΕΛΛΙΑ, ΤΗΣ ΑΝΩ ΤΟΥ 1ου ΤΙΜΗΣ";
+
   FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter, Platform& platform,
-             CommandBoundary& boundary);
+             CommandBoundary& boundary, Screens& screens);
+
+  // The command buttons of the screen that work, with their captions and tips, in screen order.
+  struct CommandButton {
+    const char* Name;  // "CmdCalc"
+    Field FrmRavolin::*Button;
+    const char* Tip;
+  };
+  static const std::vector<CommandButton>& CommandButtons();
 
   // Captions of the header fields, in screen order.
   static const std::vector<HeaderCaption>& Captions();
@@ -49,6 +61,9 @@ class FrmRavolin : public ScriptScreen {
   Field Txta_a, TxtLoopLoad, TxtFlow, TxtVelocity, TxtSFR;
   ComboBox CboPipes, CboSomata;
   Field CmdCalc{"Υπολογισμοί"};
+  Field CmdAddSpaces{"+"}, CmdRemoveSpaces{"−"}, CmdOneRowUp{"▲"}, CmdOneRowDn{"▼"};
+  Field CmdPaste{"F5"}, CmdEditCols{"F2"}, CmdDeleteRow{"Διαγρ. Σειράς"},
+      CmdDeleteColumn{"Διαγρ. Στήλης"};
   TextGrid Grid{kGridRows, kGridCols};
 
   // State held by the screen itself.
@@ -57,6 +72,8 @@ class FrmRavolin : public ScriptScreen {
   int16_t InCalculation = 0;
   float OldTempDrop = 0, OldOrigTemp = 0, OldRoomTemp = 0;
   int32_t OldLoad = 0;
+  // The running load of FrmRavoAdd, which starts from TxtLoopLoad.
+  float AddedLoad = 0;
   CellBlock SelectionBlock;
   // The sort keys of the usable type files, "002/Χαλύβδινα Πάνελ.ths", kept sorted.
   std::vector<std::string> SomaSortKeys;
@@ -97,10 +114,28 @@ class FrmRavolin : public ScriptScreen {
   bool TxtOtherRes_KeyPress(char32_t ch);
   void TxtOtherRes_LostFocus();
 
-  // The grid as the user works it.
+  // The grid as the user works it: a click enters a cell, an edit types into it.
   void Grid_EditCell(int row, int col, const std::string& text);
   void Grid_Click(int row, int col);
   void Grid_MarkBlock(CellBlock block);
+  // Every change of a cell by the user (never by code that writes cells for display).
+  void SomethingHasChanged_Spread(int row, int col);
+
+  // The row commands and their keys.
+  void CmdAddSpaces_Click();
+  void CmdRemoveSpaces_Click();
+  void CmdOneRowUp_Click();
+  void CmdOneRowDn_Click();
+  void CmdPaste_Click();
+  void CmdEditCols_Click();
+  void CmdDeleteRow_Click();
+  void CmdDeleteColumn_Click();
+  void KeyF5();
+  void CopyUpperValues();
+  void EditSomeCols();
+  void LockProperColumns();
+  // After a row is gone: the loop load, then flow, velocity and resistance again.
+  void HeaderRecompute();
 
   // Calculate (F10 or the button), and the calculation of the sheet on the screen.
   void CmdCalc_Click();
@@ -122,6 +157,14 @@ class FrmRavolin : public ScriptScreen {
   void PutGenSheetData(const SheetRecord& record);
   void PutLoopDataOnScreen(const LoopRecord& record);
   void LoadSheet(int16_t sheet);
+  // Appends a copied radiator (columns 1, 2, 3 and 10) at the first free row; the first row
+  // into an empty grid brings the family of the sheet it comes from.
+  void PutAddLoopDataOnSpread(const LoopRecord& record, float sourceFamily);
+  // Column 4 and TxtLoopLoad again from the loads.
+  void RebuildRunningLoad();
+  // The sheets of the study ("SHEETS.TMP" counted), kept in SheetCount.
+  int16_t CountSheets();
+  Workspace& Files() { return ws_; }
   void CmdDeleteSheet_Click();
 
   // The radiator families: the type files of the program folder and the working copy.
@@ -154,6 +197,10 @@ class FrmRavolin : public ScriptScreen {
   void LoadPipeList();
   void LookForStudyLeftBehind();
   void TestSomaFiles();
+  void TakeOldCellValues(int row, int col);
+  void SwapRows(int row, int other);
+  // Asks message -5 on a calculated sheet; true when the command may go on (results discarded).
+  bool DiscardAfterQuestion();
   // The header values that every record of the sheet carries, as SaveTemporarData reads them.
   struct SheetHeader {
     std::string Thema, Ownership, LoopNo, PipeName;
@@ -199,6 +246,7 @@ class FrmRavolin : public ScriptScreen {
   CommandBoundary& boundary_;
   ControlMap controls_;
   RadiatorSizing sizing_;
+  Screens& screens_;
   std::string oldThema_;
   bool closed_ = false;
   bool cboSomataGoingBack_ = false;

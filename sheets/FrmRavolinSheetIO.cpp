@@ -287,6 +287,30 @@ void FrmRavolin::PutLoopDataOnScreen(const LoopRecord& record) {
   st_.Calculated = -1;
 }
 
+void FrmRavolin::PutAddLoopDataOnSpread(const LoopRecord& record, float sourceFamily) {
+  const bool intoEmptyGrid = Grid.DataRowCount() == 0;
+  const int row = Grid.DataRowCount() + 1;
+  Grid.SetText(row, 1, Trim(record.SomaNo));
+  Grid.SetText(row, 2, CStrSingle(record.Load, st_.Seps()));
+  Grid.SetText(row, 3, CStrSingle(record.RoomTemp, st_.Seps()));
+  Grid.SetText(row, 4, {});
+  Grid.SetText(row, 10, record.SomaType);
+  if (!intoEmptyGrid) return;
+  st_.SomaCategory = CInt(sourceFamily);
+  if (st_.SomaCategory == 0) st_.SomaCategory = 1;
+  TakeFamilyOfSheet();
+}
+
+void FrmRavolin::RebuildRunningLoad() {
+  RebuildRunningSum();
+  TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, "#,###");
+}
+
+int16_t FrmRavolin::CountSheets() {
+  st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly).Count());
+  return st_.SheetCount;
+}
+
 // Reading ResultsValid back: exactly -1 or 0 set the flag, anything else leaves it.
 static void TakeResultsValid(float resultsValid, int16_t& calculated) {
   if (resultsValid == -1.0f)

@@ -19,6 +19,7 @@
 #include "CommandBoundary.h"
 #include "FakePlatform.h"
 #include "FrmRavolin.h"
+#include "ScriptedScreens.h"
 #include "TempFolder.h"
 #include "TypeFiles.h"
 
@@ -37,7 +38,7 @@ struct Desk {
                   {Stepped("11/600", 95.3f, 0.12f, 100, "400", 4, 30, "27,"),
                    Stepped("22/600", 170.7f, 0.25f, 100, "400", 4, 30, "27,"),
                    Stepped("33/600", 241.9f, 0.37f, 100, "400", 4, 30, "27,")});
-    form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary);
+    form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary, screens);
     boundary.Run([&] { form->Form_Load(); });
     if (panels)
       boundary.Run([&] { form->Controls().at("CboSomata").ChooseText("Χαλύβδινα Πάνελ"); });
@@ -72,6 +73,7 @@ struct Desk {
   ScriptedPrompter prompter;
   FakePlatform platform;
   CommandBoundary boundary{ws, prompter};
+  ScriptedScreens screens;
   std::unique_ptr<FrmRavolin> form;
 };
 

@@ -18,6 +18,9 @@ void FilteredLineEdit::Render() {
   if (this->text() != text) setText(text);
   setEnabled(field_.Enabled);
   setVisible(field_.Visible);
+  // Setting the length again would drop the selection.
+  const int maxLength = field_.MaxLength > 0 ? field_.MaxLength : 32767;
+  if (this->maxLength() != maxLength) setMaxLength(maxLength);
 }
 
 bool FilteredLineEdit::AcceptsAll(const QString& text) {
@@ -64,7 +67,11 @@ void FilteredLineEdit::focusInEvent(QFocusEvent* event) {
   if (events_.GotFocus) run_(events_.GotFocus);
   // The text is selected whole on every focus gain; after a click Qt would place the cursor,
   // so the selection follows once the click is done.
-  QTimer::singleShot(0, this, [this] { selectAll(); });
+  QTimer::singleShot(0, this, [this] {
+    if (!selectionStart_) return selectAll();
+    const int start = selectionStart_();
+    setSelection(start, static_cast<int>(text().size()) - start);
+  });
 }
 
 void FilteredLineEdit::focusOutEvent(QFocusEvent* event) {

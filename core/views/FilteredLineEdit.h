@@ -15,6 +15,9 @@ class FilteredLineEdit : public QLineEdit {
 
   // Shows the field's state without firing any handler.
   void Render();
+  // Where the selection starts on a focus gain (to the end of the text); by default the whole
+  // text is selected.
+  void SetSelectionStart(std::function<int()> start) { selectionStart_ = std::move(start); }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -27,4 +30,5 @@ class FilteredLineEdit : public QLineEdit {
   Field& field_;
   TextBoxEvents events_;
   Runner run_;
+  std::function<int()> selectionStart_;
 };

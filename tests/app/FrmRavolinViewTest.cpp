@@ -11,6 +11,7 @@
 #include "FakePlatform.h"
 #include "FrmRavolinView.h"
 #include "GridModel.h"
+#include "QtScreens.h"
 #include "TempFolder.h"
 #include "TypeFiles.h"
 
@@ -40,7 +41,8 @@ class ViewTest : public ::testing::Test {
   ScriptedPrompter prompter;
   FakePlatform platform;
   CommandBoundary boundary{ws, prompter};
-  FrmRavolin logic{ws, state, prompter, platform, boundary};
+  QtScreens screens{boundary};
+  FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
   FrmRavolinView view{logic, boundary};
 };
 

@@ -14,6 +14,7 @@
 #include "Message.h"
 #include "RadiatorSizing.h"
 #include "RecordFile.h"
+#include "ScriptedScreens.h"
 #include "SomaRecord.h"
 #include "StudyState.h"
 #include "TempFolder.h"
@@ -74,7 +75,7 @@ class SheetsTest : public ::testing::Test {
   FrmRavolin& Load() {
     if (withSectionMaster && !std::filesystem::exists(folder / kSectionFamilyMaster))
       WriteSectionFamilyMaster();
-    form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary);
+    form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary, screens);
     boundary.Run([&] { form->Form_Load(); });
     return *form;
   }
@@ -97,6 +98,7 @@ class SheetsTest : public ::testing::Test {
   ScriptedPrompter prompter;
   FakePlatform platform;
   CommandBoundary boundary{ws, prompter};
+  ScriptedScreens screens;
   std::unique_ptr<FrmRavolin> form;
   bool withSectionMaster = true;
 };
