@@ -29,7 +29,10 @@ void FrmRavolin::Grid_Click(int row, int col) {
   Caption.Text = kCaption;
 }
 
+// A block is marked from its first cell, which becomes the active one.
 void FrmRavolin::Grid_MarkBlock(CellBlock block) {
+  Grid.SetActiveCell(block.Row1, block.Col1);
+  TakeOldCellValues(block.Row1, block.Col1);
   Grid.SetBlock(block);
   SelectionBlock = block;
   Caption.Text = kBlockCaption;

@@ -50,6 +50,7 @@ FrmRavolinView::FrmRavolinView(FrmRavolin& logic, CommandBoundary& boundary, QWi
   layout->addLayout(header);
   BuildGrid();
   layout->addWidget(grid_);
+  layout->addLayout(BuildCommands());
   layout->addStretch(1);
   qApp->installEventFilter(this);
   resize(1000, 700);
@@ -106,6 +107,25 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
   layout->addWidget(calc_, 7, 4);
   layout->setColumnStretch(2, 1);
   layout->setColumnStretch(5, 1);
+}
+
+// The row commands under the grid, each with its tip; Calculate stands in the header.
+QHBoxLayout* FrmRavolinView::BuildCommands() {
+  auto* row = new QHBoxLayout();
+  for (const auto& command : FrmRavolin::CommandButtons()) {
+    if (std::string(command.Name) == "CmdCalc") continue;
+    auto* button = new QPushButton(QString::fromStdString((logic_.*command.Button).Text), this);
+    button->setObjectName(QString::fromLatin1(command.Name));
+    button->setToolTip(QString::fromUtf8(command.Tip));
+    button->setFocusPolicy(Qt::TabFocus);
+    const std::string name = command.Name;
+    connect(button, &QPushButton::clicked, this,
+            [this, name] { Run([this, name] { logic_.Controls().at(name).Press(); }); });
+    row->addWidget(button);
+    buttons_[name] = button;
+  }
+  row->addStretch(1);
+  return row;
 }
 
 QComboBox* FrmRavolinView::MakeCombo(const std::string& name) {
@@ -204,6 +224,7 @@ QWidget* FrmRavolinView::WidgetNamed(const std::string& name) const {
   if (name == "Grid") return grid_;
   if (name == "CboPipes") return pipes_;
   if (name == "CboSomata") return somata_;
+  if (auto b = buttons_.find(name); b != buttons_.end()) return b->second;
   auto it = boxes_.find(name);
   return it == boxes_.end() ? nullptr : it->second;
 }

@@ -3,6 +3,7 @@
 // logic of FrmRavolin. It shows the logic's state after every event and holds no rule.
 #include <QComboBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QTableView>
 #include <QWidget>
 #include <map>
@@ -29,9 +30,8 @@ class FrmRavolinView : public QWidget {
   FilteredLineEdit* TextBox(const std::string& name) const;
   QComboBox* Pipes() const { return pipes_; }
   QComboBox* Somata() const { return somata_; }
-  class QPushButton* CalcButton() const {
-    return calc_;
-  }
+  QPushButton* CalcButton() const { return calc_; }
+  QPushButton* Button(const std::string& name) const { return buttons_.at(name); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,9 +46,11 @@ class FrmRavolinView : public QWidget {
   CommandBoundary& boundary_;
   std::map<std::string, FilteredLineEdit*> boxes_;
   QComboBox* MakeCombo(const std::string& name);
+  class QHBoxLayout* BuildCommands();
+  std::map<std::string, QPushButton*> buttons_;
   QComboBox* pipes_ = nullptr;
   QComboBox* somata_ = nullptr;
-  class QPushButton* calc_ = nullptr;
+  QPushButton* calc_ = nullptr;
   QTableView* grid_ = nullptr;
   GridModel* model_ = nullptr;
   bool rendering_ = false;

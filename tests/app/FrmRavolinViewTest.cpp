@@ -2,11 +2,14 @@
 // keys and edits reach its handlers.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 #include "FakePlatform.h"
 #include "FrmRavolinView.h"
@@ -158,6 +161,78 @@ TEST_F(ViewTest, F10AndTheButtonCalculateTheSheet) {
   ASSERT_EQ(view.CalcButton()->toolTip().toStdString(), FrmRavolin::kCalcTip);
   QTest::mouseClick(view.CalcButton(), Qt::LeftButton);
   EXPECT_EQ(logic.Grid.Text(1, 11), "13/II/905");
+}
+
+class ViewKeysTest : public ViewTest {
+ protected:
+  void Row(int row, const char* load) {
+    logic.Grid.SetText(row, 1, std::to_string(row));
+    logic.Grid.SetText(row, 2, load);
+    logic.Grid.SetText(row, 3, "20");
+    logic.Grid.SetText(row, 10, "II/905");
+  }
+  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    view.GridView()->setFocus();
+    QTest::keyClick(view.GridView(), key, modifiers);
+  }
+};
+
+TEST_F(ViewKeysTest, TheNumberPadsMinusRemovesTheActiveRadiatorAfterTheQuestion) {
+  Row(1, "1000");
+  Row(2, "800");
+  logic.Grid.SetActiveCell(1, 1);
+  view.Render();
+  prompter.QueueAnswer(Answer::Yes);
+  Press(Qt::Key_Minus, Qt::KeypadModifier);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(logic.Grid.Text(1, 2), "800");
+  EXPECT_EQ(logic.Grid.DataRowCount(), 1);
+  EXPECT_EQ(view.TextBox("TxtLoopLoad")->text(), QStringLiteral("800"));
+}
+
+TEST_F(ViewKeysTest, TheNumberPadsPlusOpensTheAddingDialog) {
+  int dialogs = 0;
+  QTimer::singleShot(0, [&] {
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* dialog = qobject_cast<QDialog*>(w); dialog && dialog->isVisible()) {
+        ++dialogs;
+        EXPECT_EQ(dialog->objectName(), QStringLiteral("FrmRavoAdd"));
+        dialog->reject();
+      }
+  });
+  Press(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(dialogs, 1);
+}
+
+TEST_F(ViewKeysTest, F5CopiesTheRowAboveAndF2OpensTheLockedColumns) {
+  Row(1, "1000");
+  logic.Grid.SetText(2, 1, "2");
+  logic.Grid.SetActiveCell(2, 2);
+  view.Render();
+  Press(Qt::Key_F5);
+  EXPECT_EQ(logic.Grid.Text(2, 2), "1000");
+  for (int col = 1; col <= 3; ++col) logic.Grid.SetLocked(1, col, true);
+  logic.Grid.SetActiveCell(1, 2);
+  view.Render();
+  EXPECT_FALSE(view.GridView()->model()->flags(view.GridView()->model()->index(0, 1)) &
+               Qt::ItemIsEditable);
+  Press(Qt::Key_F2);
+  EXPECT_TRUE(view.GridView()->model()->flags(view.GridView()->model()->index(0, 1)) &
+              Qt::ItemIsEditable);
+}
+
+TEST_F(ViewKeysTest, EveryRowCommandHasItsButtonAndTip) {
+  for (const auto& command : FrmRavolin::CommandButtons()) {
+    if (std::string(command.Name) == "CmdCalc") continue;
+    EXPECT_EQ(view.Button(command.Name)->toolTip().toStdString(), command.Tip) << command.Name;
+  }
+  Row(1, "1000");
+  Row(2, "800");
+  logic.Grid.SetActiveCell(2, 1);
+  view.Render();
+  QTest::mouseClick(view.Button("CmdOneRowUp"), Qt::LeftButton);
+  EXPECT_EQ(logic.Grid.Text(1, 2), "800");
+  EXPECT_EQ(logic.Grid.ActiveRow(), 1);
 }
 
 }  // namespace

@@ -1,0 +1,453 @@
+// Editing a sheet key for key: what a user's edit discards, the row commands with their
+// questions, the copy from the row above, and the dialogs that add radiators.
+#include "FrmRavoAdd.h"
+#include "FrmRavoSheets.h"
+#include "SheetsFixture.h"
+
+namespace {
+
+class EditTest : public SheetsTest {
+ protected:
+  EditTest() {
+    WritePipes({"Φ16x1"});
+    WriteSectionFamily();
+    Load();
+    TypeHeader();
+  }
+  void Row(int row, const std::string& load, const std::string& model = "II/905",
+           const std::string& room = "20") {
+    Cell(row, 1, std::to_string(row));
+    Cell(row, 2, load);
+    Cell(row, 3, room);
+    Cell(row, 10, model);
+  }
+  void Calculated(int rows = 2) {
+    for (int r = 1; r <= rows; ++r) Row(r, std::to_string(500 + 100 * r));
+    Key(KeyCode::F10);
+    ASSERT_EQ(state.Calculated, -1);
+    prompter.Clear();
+  }
+  void Run(void (FrmRavolin::*command)()) {
+    boundary.Run([&] { (form.get()->*command)(); });
+  }
+  bool ResultsShown(int row) const { return !form->Grid.Text(row, 9).empty(); }
+};
+
+// ---- Edits of the user ---------------------------------------------------------------------
+
+TEST_F(EditTest, ANewLoadOnACalculatedSheetEmptiesEveryResultWithoutAQuestion) {
+  Calculated();
+  Cell(2, 2, "750");
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(form->Grid.Text(2, 2), "750");
+  EXPECT_FALSE(ResultsShown(1));
+  EXPECT_EQ(form->Grid.Text(1, 4), "");
+  EXPECT_EQ(form->TxtLoopLoad.Text, "");
+  EXPECT_EQ(state.Calculated, 0);
+  EXPECT_EQ(state.StudyChanged, -1);
+}
+
+TEST_F(EditTest, RetypingTheSameWholeLoadOrRoomKeepsTheResults) {
+  Calculated();
+  Cell(1, 2, "600");
+  Cell(1, 3, "20");
+  EXPECT_TRUE(ResultsShown(1));
+  EXPECT_EQ(state.Calculated, -1);
+}
+
+TEST_F(EditTest, ALoadWithDecimalsIsComparedWithItsRoundedValueAndCountsAsChanged) {
+  Row(1, "600.4");
+  Key(KeyCode::F10);
+  ASSERT_TRUE(ResultsShown(1));
+  Cell(1, 2, "600.4");
+  EXPECT_FALSE(ResultsShown(1));
+}
+
+TEST_F(EditTest, ANewRoomTemperatureDiscardsTheResults) {
+  Calculated();
+  Cell(2, 3, "22");
+  EXPECT_FALSE(ResultsShown(2));
+  EXPECT_EQ(state.Calculated, 0);
+}
+
+TEST_F(EditTest, ANewModelOnACalculatedSheetRecalculatesAtOnce) {
+  Calculated();
+  Cell(2, 10, "IV/905");
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(state.Calculated, -1);
+  EXPECT_EQ(form->Grid.Text(2, 11), "5/IV/905");
+  EXPECT_EQ(form->Grid.Text(1, 11), "7/II/905");
+  // ...and saves the sheet before and after.
+  EXPECT_EQ(RecordFile<LoopRecord>(folder / "LOOPS.TMP").Read(2).SomaText, "5/IV/905");
+}
+
+TEST_F(EditTest, AModelOnARowWithoutALoadIsTakenBackOnACalculatedSheet) {
+  Calculated();
+  Cell(3, 10, "II/905");
+  EXPECT_EQ(form->Grid.Text(3, 10), "");
+  EXPECT_TRUE(ResultsShown(1));
+}
+
+TEST_F(EditTest, TheNumberOfARadiatorIsCutAtFiveCharacters) {
+  Cell(1, 1, "ΚΟΥΖΙΝΑ-1");
+  EXPECT_EQ(form->Grid.Text(1, 1), "ΚΟΥΖΙ");
+}
+
+TEST_F(EditTest, ALockedCellTakesNoTyping) {
+  Row(1, "600");
+  form->Grid.SetLocked(1, 2, true);
+  Cell(1, 2, "900");
+  EXPECT_EQ(form->Grid.Text(1, 2), "600");
+}
+
+// ---- Removing, moving and deleting rows ----------------------------------------------------
+
+TEST_F(EditTest, RemovingARadiatorAsksAndNoKeepsIt) {
+  Calculated(3);
+  boundary.Run([&] { form->Grid_Click(2, 1); });
+  prompter.QueueAnswer(Answer::No);
+  Key(KeyCode::NumMinus);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ Η ΤΡΕΧΟΥΣΑ (< ΦΩΤΙΣΜΕΝΗ >) ΚΑΤΑΧΩΡΗΣΗ !!");
+  EXPECT_EQ(form->Grid.DataRowCount(), 3);
+  EXPECT_TRUE(ResultsShown(2));
+}
+
+TEST_F(EditTest, RemovingARadiatorDiscardsTheResultsAndWorksTheLoopFiguresAgain) {
+  Calculated(3);  // 600, 700, 800
+  boundary.Run([&] { form->Grid_Click(2, 5); });
+  prompter.QueueAnswer(Answer::Yes);
+  Key(KeyCode::NumMinus);
+  EXPECT_EQ(form->Grid.DataRowCount(), 2);
+  EXPECT_EQ(form->Grid.Text(2, 2), "800");
+  EXPECT_FALSE(ResultsShown(1));
+  EXPECT_EQ(state.Calculated, 0);
+  EXPECT_EQ(form->TxtLoopLoad.Text, "1,400");
+  EXPECT_EQ(form->TxtFlow.Text, "70.0");
+  EXPECT_EQ(form->Grid.List(8, 10).size(), 12u);
+  // The sheet was written before the row went: the files still hold the three radiators.
+  EXPECT_EQ(RecordFile<LoopRecord>(folder / "LOOPS.TMP").Read(3).Load, 800.0f);
+}
+
+TEST_F(EditTest, RemovingBelowTheRadiatorsDoesNothing) {
+  Row(1, "600");
+  boundary.Run([&] { form->Grid_Click(4, 1); });
+  Key(KeyCode::NumMinus);
+  EXPECT_TRUE(prompter.History().empty());
+}
+
+TEST_F(EditTest, MovingARowSwapsAllItsCellsAndTheActiveCellFollows) {
+  Calculated(3);
+  boundary.Run([&] { form->Grid_Click(2, 7); });
+  Run(&FrmRavolin::CmdOneRowDn_Click);
+  EXPECT_EQ(form->Grid.Text(3, 2), "700");
+  EXPECT_EQ(form->Grid.Text(2, 2), "800");
+  EXPECT_EQ(form->Grid.ActiveRow(), 3);
+  EXPECT_EQ(form->Grid.ActiveCol(), 1);
+  EXPECT_FALSE(ResultsShown(2));
+  EXPECT_EQ(RecordFile<LoopRecord>(folder / "LOOPS.TMP").Read(2).Load, 800.0f);
+}
+
+TEST_F(EditTest, TheFirstRowDoesNotMoveUpNorTheLastDown) {
+  Calculated(2);
+  boundary.Run([&] { form->Grid_Click(1, 1); });
+  Run(&FrmRavolin::CmdOneRowUp_Click);
+  boundary.Run([&] { form->Grid_Click(2, 1); });
+  Run(&FrmRavolin::CmdOneRowDn_Click);
+  EXPECT_EQ(form->Grid.Text(1, 2), "600");
+  EXPECT_TRUE(ResultsShown(1));
+}
+
+TEST_F(EditTest, DeletingARowOrAColumnAsksNothing) {
+  Row(1, "600");
+  Row(2, "700");
+  boundary.Run([&] { form->Grid_Click(1, 14); });
+  Run(&FrmRavolin::CmdDeleteColumn_Click);  // the last column
+  boundary.Run([&] { form->Grid_Click(1, 3); });
+  Run(&FrmRavolin::CmdDeleteColumn_Click);
+  EXPECT_EQ(form->Grid.Text(1, 9), "II/905");  // column 10 moved left
+  Run(&FrmRavolin::CmdDeleteRow_Click);
+  EXPECT_EQ(form->Grid.Text(1, 2), "700");
+  EXPECT_EQ(form->TxtLoopLoad.Text, "700");
+  EXPECT_TRUE(prompter.History().empty());
+}
+
+// ---- The copy from the row above -----------------------------------------------------------
+
+TEST_F(EditTest, F5CopiesLoadRoomAndModelIntoTheMarkedBlock) {
+  Row(1, "600", "III/655", "18");
+  Cell(2, 1, "2");
+  Cell(3, 1, "3");
+  boundary.Run([&] { form->Grid_MarkBlock({2, 2, 10, 3}); });
+  EXPECT_EQ(form->Caption.Text, FrmRavolin::kBlockCaption);
+  Key(KeyCode::F5);
+  for (int row : {2, 3}) {
+    EXPECT_EQ(form->Grid.Text(row, 2), "600");
+    EXPECT_EQ(form->Grid.Text(row, 3), "18");
+    EXPECT_EQ(form->Grid.Text(row, 10), "III/655");
+  }
+  EXPECT_EQ(form->Caption.Text, FrmRavolin::kCaption);
+  EXPECT_EQ(form->Grid.ActiveRow(), 3);
+  EXPECT_EQ(form->Grid.ActiveCol(), 10);
+  EXPECT_TRUE(form->SelectionBlock.Empty());
+}
+
+TEST_F(EditTest, F5InRowOneCopiesTheEmptyHeadsRow) {
+  Row(1, "600");
+  boundary.Run([&] { form->Grid_Click(1, 2); });
+  Key(KeyCode::F5);
+  EXPECT_EQ(form->Grid.Text(1, 2), "");
+}
+
+TEST_F(EditTest, F5OnALoadOfACalculatedSheetAsksFirst) {
+  Calculated(2);
+  boundary.Run([&] { form->Grid_Click(2, 2); });
+  prompter.QueueAnswer(Answer::No);
+  Key(KeyCode::F5);
+  EXPECT_EQ(form->Grid.Text(2, 2), "700");
+  EXPECT_TRUE(ResultsShown(2));
+  prompter.QueueAnswer(Answer::Yes);
+  Key(KeyCode::F5);
+  EXPECT_EQ(form->Grid.Text(2, 2), "600");
+  EXPECT_FALSE(ResultsShown(1));
+  EXPECT_EQ(form->TxtFlow.Text, "");
+}
+
+TEST_F(EditTest, F5OnAModelOfACalculatedSheetRecalculates) {
+  Calculated(2);
+  Cell(1, 10, "IV/905");
+  boundary.Run([&] { form->Grid_Click(2, 10); });
+  prompter.Clear();
+  Key(KeyCode::F5);
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(form->Grid.Text(2, 10), "IV/905");
+  EXPECT_EQ(form->Grid.Text(2, 11), "5/IV/905");
+  EXPECT_EQ(state.Calculated, -1);
+}
+
+TEST_F(EditTest, PasteWorksOnlyInItsColumnsAndOnTheFirstFreeRow) {
+  Row(1, "600");
+  boundary.Run([&] { form->Grid_Click(3, 2); });
+  Run(&FrmRavolin::CmdPaste_Click);
+  EXPECT_EQ(form->Grid.Text(3, 2), "");  // not the first free row
+  boundary.Run([&] { form->Grid_Click(2, 1); });
+  Run(&FrmRavolin::CmdPaste_Click);
+  EXPECT_EQ(form->Grid.Text(2, 1), "");  // not a column of the copy
+  boundary.Run([&] { form->Grid_Click(2, 3); });
+  Run(&FrmRavolin::CmdPaste_Click);
+  EXPECT_EQ(form->Grid.Text(2, 3), "20");
+}
+
+// ---- Columns opened for typing -------------------------------------------------------------
+
+TEST_F(EditTest, F2OpensTheFirstThreeColumnsOnlyFromACellWithText) {
+  Row(1, "600");
+  Row(2, "700");
+  state.ColumnsEditable = 0;
+  form->LockProperColumns();
+  EXPECT_TRUE(form->Grid.Locked(2, 2));
+  boundary.Run([&] { form->Grid_Click(1, 10); });
+  Key(KeyCode::F2);
+  EXPECT_TRUE(form->Grid.Locked(2, 2));
+  boundary.Run([&] { form->Grid_Click(1, 2); });
+  Key(KeyCode::F2);
+  EXPECT_FALSE(form->Grid.Locked(2, 2));
+  EXPECT_FALSE(form->Grid.Locked(1, 1));
+  EXPECT_TRUE(form->Grid.Locked(5, 1));  // below the radiators nothing opens
+}
+
+// ---- Adding radiators ----------------------------------------------------------------------
+
+TEST_F(EditTest, EightRadiatorsLeaveNoRoomAndTheDialogDoesNotOpen) {
+  for (int r = 1; r <= 8; ++r) Row(r, "500");
+  Key(KeyCode::NumPlus);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Lines.front(), "... ΕΧΕΤΕ, ΗΔΗ, ΚΑΤΑΧΩΡΗΣΕΙ ΟΚΤΩ ΣΩΜΑΤΑ ...");
+  EXPECT_TRUE(screens.Shown.empty());
+}
+
+TEST_F(EditTest, AddingChecksTheRowsWithoutAskingForModels) {
+  Cell(1, 1, "1");
+  Cell(1, 2, "600");
+  Cell(1, 3, "35");
+  Key(KeyCode::NumPlus);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_NE(LastBox().Lines.front().find("ΕΚΤΟΣ ΠΕΔΙΟΥ"), std::string::npos);
+  EXPECT_TRUE(screens.Shown.empty());
+  Cell(1, 3, "20");  // no model yet: adding goes on
+  prompter.Clear();
+  Key(KeyCode::NumPlus);
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(screens.Shown, std::vector<std::string>{"FrmRavoAdd"});
+}
+
+TEST_F(EditTest, AddingToACalculatedSheetAsksAndNoOpensNothing) {
+  Calculated(2);
+  prompter.QueueAnswer(Answer::No);
+  Key(KeyCode::NumPlus);
+  EXPECT_TRUE(screens.Shown.empty());
+  EXPECT_TRUE(ResultsShown(1));
+  prompter.QueueAnswer(Answer::Yes);
+  Key(KeyCode::NumPlus);
+  EXPECT_EQ(screens.Shown, std::vector<std::string>{"FrmRavoAdd"});
+  EXPECT_FALSE(ResultsShown(1));
+}
+
+class AddDialogTest : public EditTest {
+ protected:
+  // Opens FrmRavoAdd through the + key and works it with `use`.
+  void Add(std::function<void(FrmRavoAdd&)> use) {
+    screens.Queue([use](ScriptScreen& s) { use(dynamic_cast<FrmRavoAdd&>(s)); });
+    Key(KeyCode::NumPlus);
+  }
+  static void Type(FrmRavoAdd& add, const std::string& control, const std::string& text) {
+    add.Controls().at(control).Type(text);
+  }
+};
+
+TEST_F(AddDialogTest, RadiatorsAreAddedOneAfterAnotherAtTheFirstFreeRows) {
+  Row(1, "600");
+  Key(KeyCode::F10);
+  form->DeleteResultsCells();
+  state.Calculated = 0;
+  form->TxtLoopLoad.Text = "600";
+  Add([&](FrmRavoAdd& add) {
+    EXPECT_EQ(add.CboRoomTemp.Text(), "20");
+    EXPECT_EQ(add.CboRoomTemp.Items.front(), "8");
+    EXPECT_EQ(add.CboRoomTemp.Items.back(), "30");
+    Type(add, "TxtAdded", "1a2b50");  // digits only
+    EXPECT_EQ(add.TxtAdded.Text, "1,250");
+    Type(add, "TxtSomaName", "2Α");
+    add.CmdOK_Click();
+    EXPECT_EQ(form->TxtLoopLoad.Text, "");  // shown, then emptied with the other figures
+    EXPECT_EQ(add.FocusTarget, "TxtSomaName");
+    EXPECT_EQ(add.SomaNameSelectionStart(), 1);
+    add.Controls().at("CboRoomTemp").ChooseText("18");
+    Type(add, "TxtSomaName", "2Β");
+    add.CmdOK_Click();
+    add.CmdCancel_Click();
+  });
+  EXPECT_EQ(form->Grid.Text(2, 1), "2Α");
+  EXPECT_EQ(form->Grid.Text(2, 2), "1250");
+  EXPECT_EQ(form->Grid.Text(2, 3), "20");
+  EXPECT_EQ(form->Grid.Text(3, 1), "2Β");
+  EXPECT_EQ(form->Grid.Text(3, 3), "18");
+  EXPECT_FLOAT_EQ(form->AddedLoad, 600 + 1250 + 1250);
+  EXPECT_EQ(state.StudyChanged, -1);
+}
+
+TEST_F(AddDialogTest, AZeroLoadOrAnEmptyNameKeepsTheFocusOnTheField) {
+  Add([&](FrmRavoAdd& add) {
+    add.CmdOK_Click();
+    EXPECT_EQ(add.FocusTarget, "TxtAdded");
+    Type(add, "TxtAdded", "900");
+    add.CmdOK_Click();
+    EXPECT_EQ(add.FocusTarget, "TxtSomaName");
+    EXPECT_FALSE(add.Closed());
+  });
+  EXPECT_EQ(form->Grid.DataRowCount(), 0);
+}
+
+TEST_F(AddDialogTest, AVeryLongNameIsCutAtTheWidthOfTheColumn) {
+  Add([&](FrmRavoAdd& add) {
+    Type(add, "TxtAdded", "900");
+    Type(add, "TxtSomaName", std::string(10240, 'Z'));
+    add.CmdOK_Click();
+  });
+  EXPECT_EQ(form->Grid.Text(1, 1), "ZZZZZ");
+}
+
+TEST_F(AddDialogTest, TheEighthRadiatorClosesTheDialog) {
+  for (int r = 1; r <= 6; ++r) Row(r, "500");
+  Add([&](FrmRavoAdd& add) {
+    Type(add, "TxtAdded", "300");
+    Type(add, "TxtSomaName", "7");
+    add.CmdOK_Click();
+    EXPECT_FALSE(add.Closed());
+    Type(add, "TxtSomaName", "8");
+    add.CmdOK_Click();
+    EXPECT_TRUE(add.Closed());
+  });
+  EXPECT_EQ(form->Grid.DataRowCount(), 8);
+  // The dialog's running load began with the empty TxtLoopLoad of a sheet not calculated.
+  EXPECT_EQ(form->TxtLoopLoad.Text, "600");
+}
+
+// The + key never opens the dialog over a gap (its checks stop first); a gap made while the
+// dialog is open is closed before the new radiator goes in.
+TEST_F(AddDialogTest, GapsOfWhollyEmptyRowsCloseBeforeTheNewRadiator) {
+  Row(1, "500");
+  Row(3, "700");
+  Cell(2, 1, "");  // row 2 is half typed: not a gap here
+  Cell(2, 2, "650");
+  FrmRavoAdd add(*form, state, prompter, screens);
+  Type(add, "TxtAdded", "300");
+  Type(add, "TxtSomaName", "9");
+  add.CmdOK_Click();
+  EXPECT_EQ(form->Grid.Text(4, 1), "9");
+  form->Grid.ClearRow(2);
+  Type(add, "TxtSomaName", "10");
+  add.CmdOK_Click();
+  EXPECT_EQ(form->Grid.Text(2, 2), "700");
+  EXPECT_EQ(form->Grid.Text(3, 1), "9");
+  EXPECT_EQ(form->Grid.Text(4, 1), "10");
+}
+
+class SameSheetTest : public AddDialogTest {
+ protected:
+  void SetUp() override {
+    WriteTypeFile("Πάνελ.ths", 2, "Πάνελ", {Stepped("22/600", 150, 0.25f, 100, "400", 1, 30, "")});
+    Load();
+    TypeHeader();
+    Choose("CboSomata", "Πάνελ");
+    for (int r = 1; r <= 3; ++r) Row(r, std::to_string(400 + r), "22/600");
+    ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
+    form->DeleteSpreadData();
+    Choose("CboSomata", kSectionFamilyCategory);
+    form->Txta_a.Text = "2";
+    prompter.Clear();
+  }
+  // Picks a sheet in FrmRavoSheets through CmdSame.
+  void Same(const std::string& line) {
+    screens.Queue([this](ScriptScreen& s) {
+      auto& add = dynamic_cast<FrmRavoAdd&>(s);
+      add.CmdSame_Click();
+      addClosed = add.Closed();
+    });
+    screens.Queue([this, line](ScriptScreen& s) {
+      auto& sheets = dynamic_cast<FrmRavoSheets&>(s);
+      lines = sheets.LstSheets.Items;
+      sheets.Controls().at("LstSheets").Select({line});
+      sheets.CmdOK_Click();
+    });
+    Key(KeyCode::NumPlus);
+  }
+  bool addClosed = false;
+  std::vector<std::string> lines;
+};
+
+TEST_F(SameSheetTest, TheRadiatorsOfAnotherSheetComeWithItsFamily) {
+  Same("Φύλλο Υπολογισμών Νο : 001");
+  EXPECT_TRUE(addClosed);  // both dialogs close
+  EXPECT_EQ(lines, std::vector<std::string>{"Φύλλο Υπολογισμών Νο : 001"});
+  EXPECT_EQ(screens.Shown, (std::vector<std::string>{"FrmRavoAdd", "FrmRavoSheets"}));
+  EXPECT_EQ(form->Grid.DataRowCount(), 3);
+  EXPECT_EQ(form->Grid.Text(3, 2), "403");
+  EXPECT_EQ(form->Grid.Text(3, 10), "22/600");
+  EXPECT_EQ(form->Grid.Text(3, 5), "");  // nothing but columns 1, 2, 3 and 10
+  EXPECT_EQ(state.SomaCategory, 2);
+  EXPECT_EQ(form->CboSomata.Text(), "Πάνελ");
+  EXPECT_EQ(state.StudyChanged, -1);
+}
+
+TEST_F(SameSheetTest, RowsThatWouldPassEightAreRefused) {
+  for (int r = 1; r <= 6; ++r) Row(r, "500");
+  prompter.QueueAnswer(Answer::No);  // keep the six rows
+  Same("Φύλλο Υπολογισμών Νο : 001");
+  ASSERT_FALSE(prompter.History().empty());
+  EXPECT_EQ(LastBox().Lines.front(), "... ΕΧΕΤΕ, ΗΔΗ, ΚΑΤΑΧΩΡΗΣΕΙ ΟΚΤΩ ΣΩΜΑΤΑ ...");
+  EXPECT_EQ(form->Grid.DataRowCount(), 6);
+  EXPECT_FALSE(addClosed);
+}
+
+}  // namespace
