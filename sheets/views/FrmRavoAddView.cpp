@@ -54,7 +54,7 @@ FrmRavoAddView::FrmRavoAddView(FrmRavoAdd& logic, CommandBoundary& boundary, QWi
     buttons->addWidget(button);
   }
   layout->addLayout(buttons, row, 0, 1, 2);
-  setMinimumWidth(620);
+  setMinimumWidth(720);
   Render();
   ApplyFocus();
 }

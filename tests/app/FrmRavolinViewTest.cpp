@@ -12,6 +12,8 @@
 #include <QTimer>
 
 #include "FakePlatform.h"
+#include "FrmRavoAddView.h"
+#include "FrmRavoSheetsView.h"
 #include "FrmRavolinView.h"
 #include "GridModel.h"
 #include "QtScreens.h"
@@ -233,6 +235,55 @@ TEST_F(ViewKeysTest, EveryRowCommandHasItsButtonAndTip) {
   QTest::mouseClick(view.Button("CmdOneRowUp"), Qt::LeftButton);
   EXPECT_EQ(logic.Grid.Text(1, 2), "800");
   EXPECT_EQ(logic.Grid.ActiveRow(), 1);
+}
+
+TEST_F(ViewTest, TheAddingDialogShowsItsFieldsAndAddsThroughTheLogic) {
+  FrmRavoAdd add(logic, state, prompter, screens);
+  FrmRavoAddView dialog(add, boundary, &view);
+  dialog.show();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  if (const char* shot = std::getenv("RAVO_SHOT")) dialog.grab().save(QString::fromUtf8(shot));
+  EXPECT_LE(dialog.frameGeometry().width(), 1024);
+  EXPECT_EQ(dialog.windowTitle().toStdString(), FrmRavoAdd::kCaption);
+  EXPECT_EQ(dialog.RoomTemp()->currentText(), QStringLiteral("20"));
+  FilteredLineEdit* added = dialog.TextBox("TxtAdded");
+  added->setFocus();
+  QTest::keyClicks(added, "12a5");
+  EXPECT_EQ(added->text(), QStringLiteral("125"));
+  FilteredLineEdit* name = dialog.TextBox("TxtSomaName");
+  name->setFocus();
+  QTest::keyClicks(name, "WC-ROOM");
+  EXPECT_EQ(name->text(), QStringLiteral("WC-RO"));
+  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
+  EXPECT_EQ(logic.Grid.Text(1, 1), "WC-RO");
+  EXPECT_EQ(logic.Grid.Text(1, 2), "125");
+  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdCancel")), Qt::LeftButton);
+  EXPECT_TRUE(add.Closed());
+  EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(ViewTest, TheSheetsListSelectsThroughTheLogicAndCopies) {
+  LoopRecord row;
+  row.SheetNo = 1;
+  row.RowNo = 1;
+  row.SomaNo = "Κ1";
+  row.Load = 750;
+  row.RoomTemp = 22;
+  row.SomaType = "II/655";
+  RecordFile<LoopRecord>(folder / "LOOPS.TMP").Write(1, row);
+  SheetRecord sheet;
+  sheet.SheetNo = 1;
+  sheet.SomaCategoryNo = 1;
+  RecordFile<SheetRecord>(folder / "SHEETS.TMP").Write(1, sheet);
+  FrmRavoSheets sheets(logic, ws, state, prompter);
+  FrmRavoSheetsView dialog(sheets, boundary, &view);
+  ASSERT_EQ(dialog.List()->count(), 1);
+  EXPECT_EQ(dialog.List()->item(0)->text(), QStringLiteral("Φύλλο Υπολογισμών Νο : 001"));
+  EXPECT_EQ(sheets.LstSheets.SelectedIndex(), 0);
+  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
+  EXPECT_TRUE(sheets.Copied);
+  EXPECT_EQ(logic.Grid.Text(1, 2), "750");
+  EXPECT_EQ(logic.Grid.Text(1, 10), "II/655");
 }
 
 }  // namespace
