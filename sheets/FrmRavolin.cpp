@@ -92,6 +92,11 @@ const std::vector<FrmRavolin::CommandButton>& FrmRavolin::CommandButtons() {
       {"CmdEditCols", &FrmRavolin::CmdEditCols, ""},
       {"CmdDeleteRow", &FrmRavolin::CmdDeleteRow, "ΔΙΑΓΡΑΦΗ ΣΕΙΡΑΣ ΑΠΟ ΤΟ SpreadSheet"},
       {"CmdDeleteColumn", &FrmRavolin::CmdDeleteColumn, "ΔΙΑΓΡΑΦΗ ΣΤΗΛΗΣ ΑΠΟ ΤΟ SpreadSheet"},
+      {"CmdFirst", &FrmRavolin::CmdFirst, "ΠΡΩΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < Ctrl-Home >"},
+      {"CmdPrev", &FrmRavolin::CmdPrev, "ΠΡΟΗΓΟΥΜΕΝΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < PgUp >"},
+      {"CmdNext", &FrmRavolin::CmdNext, "ΕΠΟΜΕΝΟ ΦΥΛΛΟ ή ΝΕΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < PgDn >"},
+      {"CmdLast", &FrmRavolin::CmdLast, "ΤΕΛΕΥΤΑΙΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < Ctrl-End >"},
+      {"CmdDeleteSheet", &FrmRavolin::CmdDeleteSheet, "ΔΙΑΓΡΑΦΗ ΟΛΟΚΛΗΡΟΥ ΤΟΥ ΦΥΛΛΟΥ ΥΠΟΛΟΓΙΣΜΩΝ"},
   };
   return buttons;
 }
@@ -211,10 +216,24 @@ bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
     ShowManual();
     return true;
   }
+  if (key.Ctrl && !key.Shift && !key.Alt && key.Code == KeyCode::Home) {
+    CmdFirst_Click();
+    return true;
+  }
+  if (key.Ctrl && !key.Shift && !key.Alt && key.Code == KeyCode::End) {
+    CmdLast_Click();
+    return true;
+  }
   if (!plain) return false;
   switch (key.Code) {
     case KeyCode::F10:
       CmdCalc_Click();
+      return true;
+    case KeyCode::PageDown:
+      CmdNext_Click();
+      return true;
+    case KeyCode::PageUp:
+      CmdPrev_Click();
       return true;
     case KeyCode::F5:
       KeyF5();
@@ -267,7 +286,12 @@ void FrmRavolin::BuildControls() {
       {"CmdPaste", [this] { CmdPaste_Click(); }},
       {"CmdEditCols", [this] { CmdEditCols_Click(); }},
       {"CmdDeleteRow", [this] { CmdDeleteRow_Click(); }},
-      {"CmdDeleteColumn", [this] { CmdDeleteColumn_Click(); }}};
+      {"CmdDeleteColumn", [this] { CmdDeleteColumn_Click(); }},
+      {"CmdFirst", [this] { CmdFirst_Click(); }},
+      {"CmdPrev", [this] { CmdPrev_Click(); }},
+      {"CmdNext", [this] { CmdNext_Click(); }},
+      {"CmdLast", [this] { CmdLast_Click(); }},
+      {"CmdDeleteSheet", [this] { CmdDeleteSheet_Click(); }}};
   for (const CommandButton& b : CommandButtons())
     controls_[b.Name] = CommandControl(this->*b.Button, clicks.at(b.Name));
   Control grid;

@@ -64,6 +64,7 @@ class FrmRavolin : public ScriptScreen {
   Field CmdAddSpaces{"+"}, CmdRemoveSpaces{"−"}, CmdOneRowUp{"▲"}, CmdOneRowDn{"▼"};
   Field CmdPaste{"F5"}, CmdEditCols{"F2"}, CmdDeleteRow{"Διαγρ. Σειράς"},
       CmdDeleteColumn{"Διαγρ. Στήλης"};
+  Field CmdFirst{"|◀"}, CmdPrev{"◀"}, CmdNext{"▶"}, CmdLast{"▶|"}, CmdDeleteSheet{"Διαγρ. Φύλλου"};
   TextGrid Grid{kGridRows, kGridCols};
 
   // State held by the screen itself.
@@ -166,6 +167,11 @@ class FrmRavolin : public ScriptScreen {
   int16_t CountSheets();
   Workspace& Files() { return ws_; }
   void CmdDeleteSheet_Click();
+  void SetInitialValues();
+  void CmdNext_Click();
+  void CmdPrev_Click();
+  void CmdFirst_Click();
+  void CmdLast_Click();
 
   // The radiator families: the type files of the program folder and the working copy.
   void SetCategoryNumbers();
@@ -215,6 +221,10 @@ class FrmRavolin : public ScriptScreen {
   std::vector<SomaRecord> ReadFamilyOf(float categoryNo);
   void TakeFamilyOfSheet();
   void RemoveSheetFromFiles(int16_t sheet);
+  void TakeFamilyInUse();
+  void SheetNumberDisagrees(int16_t sheet, int16_t written);
+  bool LeaveEmptySheet(int16_t target);
+  void GoBackTo(int16_t target, bool alreadyThere);
   // Velocity (m/s) and specific resistance (mm/m) of a flow (l/h) in the first pipe of the
   // list.
   float Velocity(float flow) const;

@@ -311,6 +311,20 @@ int16_t FrmRavolin::CountSheets() {
   return st_.SheetCount;
 }
 
+// A record whose number field disagrees with its place: the sheet is shown under its place,
+// so that saving it never writes over another sheet, and the engineer is told.
+void FrmRavolin::SheetNumberDisagrees(int16_t sheet, int16_t written) {
+  Message m;
+  m.Title = "!! ΠΡΟΣΟΧΗ !!";
+  m.Lines = {
+      "... Το Φύλλο Υπολογισμών Νο : < " + std::to_string(sheet) +
+          " > είναι γραμμένο στο αρχείο ως Νο : < " + std::to_string(written) + " > ...",
+      "... Εμφανίζεται και θα αποθηκευθεί ως Φύλλο Νο : < " + std::to_string(sheet) + " > ..."};
+  m.Icon = MessageIcon::Exclamation;
+  prompter_.Show(m);
+  Txta_a.Text = std::to_string(sheet);
+}
+
 // Reading ResultsValid back: exactly -1 or 0 set the flag, anything else leaves it.
 static void TakeResultsValid(float resultsValid, int16_t& calculated) {
   if (resultsValid == -1.0f)
@@ -322,21 +336,29 @@ static void TakeResultsValid(float resultsValid, int16_t& calculated) {
 void FrmRavolin::LoadSheet(int16_t sheet) {
   st_.CurrentSheet = sheet;
   {
-    auto sheets = ws_.Records<SheetRecord>(kSheetsFile);
+    auto sheets = ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly);
     st_.SheetCount = CInt(sheets.Count());
     const SheetRecord record = sheets.Read(sheet);
     PutGenSheetData(record);
     TakeResultsValid(record.ResultsValid, st_.Calculated);
+    if (record.SheetNo != sheet) SheetNumberDisagrees(sheet, record.SheetNo);
   }
+  std::vector<bool> rowsMet(kRowsPerSheet + 1, false);
   {
-    auto loops = ws_.Records<LoopRecord>(kLoopsFile);
+    auto loops = ws_.Records<LoopRecord>(kLoopsFile, RecordFileMode::ReadOnly);
     const int32_t count = loops.Count();
     for (int32_t n = 1; n <= count; ++n) {
       const LoopRecord record = loops.Read(n);
       if (record.SheetNo > sheet) break;
-      if (record.SheetNo == sheet) PutLoopDataOnScreen(record);
+      if (record.SheetNo != sheet) continue;
+      PutLoopDataOnScreen(record);
+      if (record.RowNo >= 1 && record.RowNo <= kRowsPerSheet) rowsMet[record.RowNo] = true;
     }
   }
+  // A file cut short reads as empty records: rows of the sheet that no record brought are
+  // empty, never left over from the sheet shown before.
+  for (int row = 1; row <= kRowsPerSheet; ++row)
+    if (!rowsMet[row]) Grid.ClearRow(row);
   int16_t lastRow = 0;
   GetLastDataRow(lastRow);
   RebuildRunningSum();

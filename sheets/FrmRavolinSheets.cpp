@@ -56,7 +56,7 @@ void RewriteWithout(Workspace& ws, const std::string& name, Keep keep, Renumber 
 }  // namespace
 
 void FrmRavolin::CmdDeleteSheet_Click() {
-  st_.SheetCount = CInt(ws_.Records<SheetRecord>("SHEETS.TMP").Count());
+  CountSheets();
   const int16_t shown = CInt(st_.Parse(Txta_a.Text));
   if (st_.SheetCount == 0 || (st_.SheetCount == 1 && shown == 1)) {
     FocusTarget = "Grid";

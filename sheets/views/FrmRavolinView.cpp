@@ -114,10 +114,14 @@ QHBoxLayout* FrmRavolinView::BuildCommands() {
   auto* row = new QHBoxLayout();
   for (const auto& command : FrmRavolin::CommandButtons()) {
     if (std::string(command.Name) == "CmdCalc") continue;
+    // The sheet commands stand apart from the row commands.
+    if (std::string(command.Name) == "CmdFirst") row->addSpacing(24);
     auto* button = new QPushButton(QString::fromStdString((logic_.*command.Button).Text), this);
     button->setObjectName(QString::fromLatin1(command.Name));
     button->setToolTip(QString::fromUtf8(command.Tip));
     button->setFocusPolicy(Qt::TabFocus);
+    button->setMinimumWidth(40);
+    button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     const std::string name = command.Name;
     connect(button, &QPushButton::clicked, this,
             [this, name] { Run([this, name] { logic_.Controls().at(name).Press(); }); });

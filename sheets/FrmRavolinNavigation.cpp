@@ -1,0 +1,114 @@
+// Walking the study: the next sheet (or a new one), the one before, the first and the last.
+// A sheet is left only complete and calculated; it is written to the working files on the way
+// out, and the sheet arriving comes from them.
+#include "Checked.h"
+#include "FrmRavoAdd.h"
+#include "FrmRavolin.h"
+#include "RavoMessages.h"
+
+namespace {
+constexpr const char* kSheetsFile = "SHEETS.TMP";
+}  // namespace
+
+void FrmRavolin::SetInitialValues() {
+  Txta_a.Text = std::to_string(st_.CurrentSheet);
+  for (Field* f : {&TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR}) f->Text.clear();
+  st_.Calculated = 0;
+  DeleteSpreadData();
+  TakeFamilyInUse();
+  FocusTarget = "Grid";
+}
+
+// The family of SomaCategory selected quietly in CboSomata, which takes its working copy.
+void FrmRavolin::TakeFamilyInUse() {
+  for (const std::string& name : ws_.ListFiles("", "*.ths")) {
+    auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
+    const SomaRecord first = file.Read(1);
+    if (first.CategoryNo != st_.SomaCategory) continue;
+    int16_t index = 0;
+    GetListIndex(DisplayCategory(first.Category), index);
+    file.Close();
+    SelectFamilyQuietly(index);
+    return;
+  }
+  FillSomaCategoryCombos();
+}
+
+// A sheet without rows, on the way to another: a study on disk asks whether it is to go.
+// False when the command stops here.
+bool FrmRavolin::LeaveEmptySheet(int16_t target) {
+  const auto [exists, size] = ws_.FileExistsAndSize(kSheetsFile);
+  if (exists && size == 0) ws_.Delete(kSheetsFile);
+  if (!ws_.FileExists(kSheetsFile)) return false;
+  st_.CurrentSheet = target;
+  CmdDeleteSheet_Click();
+  return false;
+}
+
+void FrmRavolin::CmdNext_Click() {
+  KeepScreenOnFault([this] {
+    FocusTarget = "Grid";
+    if (Grid.DataRowCount() == 0) {
+      LeaveEmptySheet(static_cast<int16_t>(st_.CurrentSheet + 1));
+      return;
+    }
+    CheckIfOkToProceed();
+    if (st_.ErrorFlag == -1) RavoMessages(-6, prompter_, st_);
+    if (st_.ErrorFlag != 0) {
+      st_.ErrorFlag = 0;
+      FocusTarget = "Grid";
+      return;
+    }
+    SaveTemporarData();
+    LockProperColumns();
+    SaveTemporarData();
+    st_.CurrentSheet = AddI16(st_.CurrentSheet, 1);
+    if (st_.CurrentSheet <= st_.SheetCount) {
+      LoadSheet(st_.CurrentSheet);
+    } else {
+      // A new sheet is born with the header of the one before it.
+      SetInitialValues();
+      FrmRavoAdd add(*this, st_, prompter_, screens_);
+      screens_.ShowModal(add);
+      st_.Calculated = 0;
+    }
+    FocusTarget = "Grid";
+  });
+}
+
+void FrmRavolin::CmdPrev_Click() {
+  GoBackTo(static_cast<int16_t>(st_.CurrentSheet - 1), st_.CurrentSheet == 1);
+}
+
+void FrmRavolin::CmdFirst_Click() {
+  GoBackTo(1, st_.CurrentSheet == 1);
+}
+
+void FrmRavolin::CmdLast_Click() {
+  GoBackTo(st_.SheetCount, st_.CurrentSheet == st_.SheetCount);
+}
+
+// PgUp, Ctrl-Home and Ctrl-End. Kept on purpose: unlike PgDn they move even after the message
+// of a missing header field.
+void FrmRavolin::GoBackTo(int16_t target, bool alreadyThere) {
+  KeepScreenOnFault([&] {
+    FocusTarget = "Grid";
+    if (alreadyThere) return;
+    if (Grid.DataRowCount() == 0) {
+      LeaveEmptySheet(target);
+      return;
+    }
+    CheckIfOkToProceed();
+    if (st_.ErrorFlag == -1) {
+      RavoMessages(-6, prompter_, st_);
+      st_.ErrorFlag = 0;
+      return;
+    }
+    st_.ErrorFlag = 0;
+    LockProperColumns();
+    SaveTemporarData();
+    if (target < 1 || target > CountSheets()) return;
+    LoadSheet(target);
+    FocusTarget = "Grid";
+  });
+}

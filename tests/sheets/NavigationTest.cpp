@@ -1,0 +1,252 @@
+// Walking a study of many sheets: the working files stay byte for byte what the sheets wrote,
+// a sheet is left only complete, a new sheet carries the header over, and deleting a sheet
+// renumbers the rest.
+#include "SheetsFixture.h"
+
+namespace {
+
+class NavigationTest : public SheetsTest {
+ protected:
+  NavigationTest() {
+    WritePipes({"Φ16x1", "Φ18x1"});
+    WriteSectionFamily();
+    Load();
+    TypeHeader();
+  }
+  // Types the rows of sheet `sheet` (its loads tell it apart) and calculates it.
+  void FillSheet(int sheet, int rows = 2) {
+    Type("TxtLoopNo", "Κ" + std::to_string(sheet));
+    for (int r = 1; r <= rows; ++r) {
+      Cell(r, 1, std::to_string(r));
+      Cell(r, 2, std::to_string(100 * sheet + 10 * r));
+      Cell(r, 3, "20");
+      Cell(r, 10, r % 2 ? "II/905" : "III/655");
+    }
+    Key(KeyCode::F10);
+    ASSERT_EQ(state.Calculated, -1) << "sheet " << sheet;
+  }
+  // A study of `count` calculated sheets, entered with PgDn; the screen stays on the last.
+  void Study(int count) {
+    for (int s = 1; s <= count; ++s) {
+      if (s > 1) Key(KeyCode::PageDown);  // the new sheet's dialog is closed unused
+      ASSERT_EQ(form->Txta_a.Text, std::to_string(s));
+      FillSheet(s);
+    }
+    ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
+    prompter.Clear();
+  }
+  std::string Bytes(const char* file) { return ReadAllBytes(folder / file); }
+  void ExpectSheetShown(int sheet) {
+    EXPECT_EQ(form->Txta_a.Text, std::to_string(sheet));
+    EXPECT_EQ(state.CurrentSheet, sheet);
+    EXPECT_EQ(form->TxtLoopNo.Text, "Κ" + std::to_string(sheet));
+    EXPECT_EQ(form->Grid.Text(2, 2), std::to_string(100 * sheet + 20));
+    EXPECT_NE(form->Grid.Text(2, 11), "");
+    EXPECT_EQ(state.Calculated, -1);
+  }
+};
+
+TEST_F(NavigationTest, WalkingTwelveSheetsForwardAndBackLeavesEveryByteAsWritten) {
+  Study(12);
+  const std::string sheets = Bytes("SHEETS.TMP");
+  const std::string loops = Bytes("LOOPS.TMP");
+  ASSERT_EQ(sheets.size(), 12u * 196);
+  ASSERT_EQ(loops.size(), 12u * 8 * 298);
+  KeyStroke home{KeyCode::Home, true};
+  boundary.Run([&] { form->Form_KeyDown(home); });
+  ExpectSheetShown(1);
+  for (int s = 2; s <= 12; ++s) {
+    Key(KeyCode::PageDown);
+    ExpectSheetShown(s);
+  }
+  EXPECT_EQ(Bytes("SHEETS.TMP"), sheets);
+  EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
+  for (int s = 11; s >= 1; --s) {
+    Key(KeyCode::PageUp);
+    ExpectSheetShown(s);
+  }
+  KeyStroke end{KeyCode::End, true};
+  boundary.Run([&] { form->Form_KeyDown(end); });
+  ExpectSheetShown(12);
+  EXPECT_EQ(Bytes("SHEETS.TMP"), sheets);
+  EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
+  EXPECT_TRUE(prompter.History().empty());
+}
+
+TEST_F(NavigationTest, ANewSheetCarriesTheHeaderAndFamilyOverWithAnEmptyGrid) {
+  Type("TxtOrigTemp", "80");
+  Type("TxtLoopLength", "17.5");
+  FillSheet(1);
+  Key(KeyCode::PageDown);
+  EXPECT_EQ(screens.Shown, std::vector<std::string>{"FrmRavoAdd"});
+  EXPECT_EQ(form->Txta_a.Text, "2");
+  EXPECT_EQ(form->TxtOwnership.Text, "Οικία Παπαδόπουλου");
+  EXPECT_EQ(form->TxtLoopNo.Text, "Κ1");
+  EXPECT_EQ(form->TxtOrigTemp.Text, "80");
+  EXPECT_EQ(form->TxtLoopLength.Text, "17.5");
+  EXPECT_EQ(form->TxtFlow.Text, "");
+  EXPECT_EQ(form->Grid.DataRowCount(), 0);
+  EXPECT_EQ(form->Grid.List(1, 10).size(), 12u);
+  EXPECT_EQ(state.Calculated, 0);
+  EXPECT_EQ(state.SheetCount, 1);
+}
+
+TEST_F(NavigationTest, PgDnOnAnEmptyNewSheetAsksAndNoLeavesTheCounterOneAhead) {
+  Study(2);
+  Key(KeyCode::PageDown);  // sheet 3 is born, empty
+  ASSERT_EQ(form->Txta_a.Text, "3");
+  prompter.QueueAnswer(Answer::No);
+  Key(KeyCode::PageDown);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ ΟΛΟΚΛΗΡΟ ΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
+  EXPECT_EQ(state.CurrentSheet, 4);
+  EXPECT_EQ(form->Txta_a.Text, "3");
+}
+
+TEST_F(NavigationTest, PgDnOnAnEmptySheetOfANewStudyDoesNothing) {
+  Key(KeyCode::PageDown);
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(state.CurrentSheet, 1);
+  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
+}
+
+TEST_F(NavigationTest, AMissingLengthStopsPgDnButNotPgUp) {
+  Study(2);
+  Type("TxtLoopLength", "");
+  Key(KeyCode::PageDown);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Lines.front(), "... ΔΕΝ ΕΧΕΤΕ ΤΟ ΜΗΚΟΣ ΤΟΥ ΒΡΟΧΟΥ ...");
+  EXPECT_EQ(form->Txta_a.Text, "2");
+  EXPECT_EQ(form->FocusTarget, "Grid");
+  prompter.Clear();
+  Key(KeyCode::PageUp);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(form->Txta_a.Text, "1");
+  EXPECT_EQ(state.ErrorFlag, 0);
+}
+
+TEST_F(NavigationTest, ASheetWithoutResultsCannotBeLeft) {
+  Study(2);
+  Cell(2, 2, "999");  // the results go
+  for (KeyCode key : {KeyCode::PageDown, KeyCode::PageUp}) {
+    prompter.Clear();
+    Key(key);
+    ASSERT_EQ(prompter.History().size(), 1u);
+    EXPECT_EQ(LastBox().Lines.front(),
+              "... ΕΛΛΙΠΗ ΔΕΔΟΜΕΝΑ, ΙΣΩΣ ΔΕΝ ΕΧΕΤΕ ΚΑΝΕΙ ΥΠΟΛΟΓΙΣΜΟΥΣ ...");
+    EXPECT_EQ(form->Txta_a.Text, "2");
+  }
+  EXPECT_EQ(form->Grid.Text(2, 2), "999");
+}
+
+TEST_F(NavigationTest, FirstAndLastDoNothingWhereTheyAlreadyAre) {
+  Study(3);
+  const std::string loops = Bytes("LOOPS.TMP");
+  KeyStroke end{KeyCode::End, true};
+  boundary.Run([&] { form->Form_KeyDown(end); });
+  EXPECT_EQ(form->Txta_a.Text, "3");
+  Key(KeyCode::PageUp);
+  Key(KeyCode::PageUp);
+  Key(KeyCode::PageUp);  // at sheet 1 already
+  ExpectSheetShown(1);
+  EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
+}
+
+struct DeleteCase {
+  int Sheet;  // deleted
+  int Shown;  // shown after
+  const char* LoopNoShown;
+};
+
+class DeleteSheetTest : public NavigationTest, public ::testing::WithParamInterface<DeleteCase> {};
+
+TEST_P(DeleteSheetTest, TheSheetsAfterMoveUpAndTheDerivedFilesGo) {
+  const DeleteCase& c = GetParam();
+  Study(4);
+  WriteAllBytes(folder / "DATARES.TMP", "x");
+  WriteAllBytes(folder / "EDGE_FINALFLOORS.TMP", "x");
+  WriteAllBytes(folder / "~SHEETS.TMP", "left over");
+  const std::vector<SheetRecord> before = RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(static_cast<int16_t>(c.Sheet)); }));
+  prompter.QueueAnswer(Answer::Yes);
+  ASSERT_TRUE(boundary.Run([&] { form->Controls().at("CmdDeleteSheet").Press(); }));
+  const auto sheets = RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
+  const auto loops = RecordFile<LoopRecord>(folder / "LOOPS.TMP").ReadAll();
+  ASSERT_EQ(sheets.size(), 3u);
+  ASSERT_EQ(loops.size(), 24u);
+  int kept = 0;
+  for (int s = 1; s <= 4; ++s) {
+    if (s == c.Sheet) continue;
+    ++kept;
+    EXPECT_EQ(sheets[kept - 1].SheetNo, kept);
+    EXPECT_EQ(sheets[kept - 1].LoopNo, before[s - 1].LoopNo);
+    for (int r = 1; r <= 8; ++r) EXPECT_EQ(loops[LoopRecordNumber(kept, r) - 1].SheetNo, kept);
+    EXPECT_EQ(loops[LoopRecordNumber(kept, 1) - 1].Load, 100.0f * s + 10);
+  }
+  EXPECT_EQ(form->Txta_a.Text, std::to_string(c.Shown));
+  EXPECT_EQ(form->TxtLoopNo.Text, c.LoopNoShown);
+  EXPECT_EQ(state.SheetCount, 3);
+  for (const char* gone : {"DATARES.TMP", "EDGE_FINALFLOORS.TMP", "~SHEETS.TMP", "~LOOPS.TMP"})
+    EXPECT_FALSE(std::filesystem::exists(folder / gone)) << gone;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sheets, DeleteSheetTest,
+                         ::testing::Values(DeleteCase{1, 1, "Κ2"}, DeleteCase{2, 2, "Κ3"},
+                                           DeleteCase{4, 3, "Κ3"}));
+
+TEST_F(NavigationTest, ASecondPgDnWhileTheFirstWaitsIsIgnored) {
+  Study(2);
+  boundary.Run([&] { form->LoadSheet(1); });
+  ws.SetPauseMilliseconds(5);
+  int refused = 0;
+  Workspace::SetEventPump([&] {
+    KeyStroke pgDn{KeyCode::PageDown};
+    if (!boundary.Run([&] { form->Form_KeyDown(pgDn); })) ++refused;
+  });
+  Key(KeyCode::PageDown);
+  Workspace::SetEventPump(nullptr);
+  ws.SetPauseMilliseconds(0);
+  EXPECT_GT(refused, 0);
+  ExpectSheetShown(2);
+}
+
+// ---- Files that are not what the sheets wrote ----------------------------------------------
+
+TEST_F(NavigationTest, ALoopsFileCutShortShowsTheMissingRowsEmpty) {
+  Study(2);
+  std::filesystem::resize_file(folder / "LOOPS.TMP", (8 + 1) * 298);  // one row of sheet 2
+  boundary.Run([&] { form->LoadSheet(1); });
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(2); }));
+  EXPECT_EQ(form->Grid.Text(1, 2), "210");
+  EXPECT_EQ(form->Grid.Text(2, 2), "");
+  EXPECT_EQ(form->Grid.DataRowCount(), 1);
+}
+
+TEST_F(NavigationTest, ASheetsFileOfOddLengthCountsRounded) {
+  Study(2);
+  std::filesystem::resize_file(folder / "SHEETS.TMP", 2 * 196 + 50);
+  EXPECT_EQ(form->CountSheets(), 2);
+  std::filesystem::resize_file(folder / "SHEETS.TMP", 2 * 196 + 150);
+  EXPECT_EQ(form->CountSheets(), 3);
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(3); }));  // the part-record reads as zeros
+}
+
+TEST_F(NavigationTest, ASheetNumberThatDisagreesIsToldAndTheSheetKeepsItsPlace) {
+  Study(2);
+  {
+    RecordFile<SheetRecord> sheets(folder / "SHEETS.TMP");
+    SheetRecord r = sheets.Read(1);
+    r.SheetNo = 7;
+    sheets.Write(1, r);
+  }
+  const std::string before = Bytes("SHEETS.TMP");
+  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_NE(LastBox().Lines.front().find("< 7 >"), std::string::npos);
+  EXPECT_EQ(form->Txta_a.Text, "1");
+  EXPECT_EQ(Bytes("SHEETS.TMP"), before);
+  ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
+  EXPECT_EQ(RecordFile<SheetRecord>(folder / "SHEETS.TMP").Count(), 2);
+}
+
+}  // namespace
