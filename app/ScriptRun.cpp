@@ -14,16 +14,27 @@ namespace {
 // viewer that only says what it would have opened.
 class ScriptPlatform : public Platform {
  public:
-  ScriptPlatform(DisplaySize display, std::ostream& out) : display_(display), out_(out) {}
+  ScriptPlatform(DisplaySize display, std::ostream& out, ScriptDriver& driver,
+                 std::filesystem::path folder)
+      : display_(display), out_(out), driver_(driver), folder_(std::move(folder)) {}
   DisplaySize Display() const override { return display_; }
   Separators NumberSeparators() const override { return SystemSeparators(); }
   void OpenDocument(const std::filesystem::path& file) override {
     out_ << "[open] " << file.filename().string() << '\n';
   }
+  // The answer queued by `answer file`, relative to the program folder.
+  std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path&,
+                                                   const std::string&) override {
+    const auto answer = driver_.TakeFileAnswer();
+    if (!answer) return std::nullopt;
+    return folder_ / *answer;
+  }
 
  private:
   DisplaySize display_;
   std::ostream& out_;
+  ScriptDriver& driver_;
+  std::filesystem::path folder_;
 };
 
 // Modal screens of a script run: the lines that name the screen go to it until it closes.
@@ -41,7 +52,8 @@ class ScriptScreens : public Screens {
 int RunScript(const Options& options, Workspace& workspace, std::ostream& out, std::ostream& err) {
   ScriptedPrompter prompter;
   ScriptDriver driver(prompter, workspace.Folder(), out);
-  ScriptPlatform platform({options.ScreenWidth, options.ScreenHeight}, out);
+  ScriptPlatform platform({options.ScreenWidth, options.ScreenHeight}, out, driver,
+                          workspace.Folder());
   StudyState state;
   CommandBoundary boundary(workspace, prompter);
   ScriptScreens screens(driver);

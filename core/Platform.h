@@ -1,6 +1,8 @@
 #pragma once
 // The desktop as the logic needs it: the display size and the document viewer.
 #include <filesystem>
+#include <optional>
+#include <string>
 
 #include "Numbers.h"
 
@@ -19,4 +21,12 @@ class Platform {
   virtual void OpenDocument(const std::filesystem::path& file) = 0;
   // The beeps before most message boxes.
   virtual void Beep() {}
+  // The desktop's dialog for the name of a file to write, opened on `folder` with `filter` in
+  // the old form "Special Files (*.sht)|*.sht". Nothing when the engineer cancels.
+  virtual std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
+                                                           const std::string& filter) {
+    (void)folder;
+    (void)filter;
+    return std::nullopt;
+  }
 };

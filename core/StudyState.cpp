@@ -7,7 +7,6 @@ void StudyState::InitializeVariables() {
   ErrorFlag = 0;
   LastAnswer.clear();
   SomaCategory = 0;
-  PipeArea = 0;
   StudyFileName.clear();
   Thema.clear();
   ColumnsEditable = 0;

@@ -42,6 +42,7 @@ struct StudyState {
   }
 
   // Returns the shared state to its empty value: numbers 0, texts empty, StudyChanged,
-  // SomaCategory and ColumnsEditable 0. CurrentSheet and the separators are kept.
+  // SomaCategory and ColumnsEditable 0. CurrentSheet, the separators and PipeArea (it belongs
+  // to the pipe list read at start, not to the study) are kept.
   void InitializeVariables();
 };

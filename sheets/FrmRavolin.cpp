@@ -97,6 +97,9 @@ const std::vector<FrmRavolin::CommandButton>& FrmRavolin::CommandButtons() {
       {"CmdNext", &FrmRavolin::CmdNext, "ΕΠΟΜΕΝΟ ΦΥΛΛΟ ή ΝΕΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < PgDn >"},
       {"CmdLast", &FrmRavolin::CmdLast, "ΤΕΛΕΥΤΑΙΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < Ctrl-End >"},
       {"CmdDeleteSheet", &FrmRavolin::CmdDeleteSheet, "ΔΙΑΓΡΑΦΗ ΟΛΟΚΛΗΡΟΥ ΤΟΥ ΦΥΛΛΟΥ ΥΠΟΛΟΓΙΣΜΩΝ"},
+      {"CmdSave", &FrmRavolin::CmdSave,
+       "ΔΗΜΙΟΥΡΓΙΑ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-S > ή  < Shift-F12 >"},
+      {"CmdNew", &FrmRavolin::CmdNew, "ΝΕΑ ΜΕΛΕΤΗ"},
   };
   return buttons;
 }
@@ -205,6 +208,7 @@ void FrmRavolin::LookForStudyLeftBehind() {
 }
 
 void FrmRavolin::Form_Unload() {
+  if (Grid.DataRowCount() > 0) OfferToSave();
   KillRavoTemporaries(ws_);
   RenameFiles(ws_, ".jpg", ".rvo");
   closed_ = true;
@@ -222,6 +226,13 @@ bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
   }
   if (key.Ctrl && !key.Shift && !key.Alt && key.Code == KeyCode::End) {
     CmdLast_Click();
+    return true;
+  }
+  const bool saveKey =
+      (key.Ctrl && !key.Shift && !key.Alt && key.Code == KeyCode::Char && key.Char == U'S') ||
+      (key.Shift && !key.Ctrl && !key.Alt && key.Code == KeyCode::F12);
+  if (saveKey) {
+    CmdSave_Click();
     return true;
   }
   if (!plain) return false;
@@ -291,7 +302,9 @@ void FrmRavolin::BuildControls() {
       {"CmdPrev", [this] { CmdPrev_Click(); }},
       {"CmdNext", [this] { CmdNext_Click(); }},
       {"CmdLast", [this] { CmdLast_Click(); }},
-      {"CmdDeleteSheet", [this] { CmdDeleteSheet_Click(); }}};
+      {"CmdDeleteSheet", [this] { CmdDeleteSheet_Click(); }},
+      {"CmdSave", [this] { CmdSave_Click(); }},
+      {"CmdNew", [this] { CmdNew_Click(); }}};
   for (const CommandButton& b : CommandButtons())
     controls_[b.Name] = CommandControl(this->*b.Button, clicks.at(b.Name));
   Control grid;

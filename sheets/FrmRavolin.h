@@ -65,6 +65,7 @@ class FrmRavolin : public ScriptScreen {
   Field CmdPaste{"F5"}, CmdEditCols{"F2"}, CmdDeleteRow{"Διαγρ. Σειράς"},
       CmdDeleteColumn{"Διαγρ. Στήλης"};
   Field CmdFirst{"|◀"}, CmdPrev{"◀"}, CmdNext{"▶"}, CmdLast{"▶|"}, CmdDeleteSheet{"Διαγρ. Φύλλου"};
+  Field CmdSave{"Αποθήκευση"}, CmdNew{"Νέα Μελέτη"};
   TextGrid Grid{kGridRows, kGridCols};
 
   // State held by the screen itself.
@@ -172,6 +173,10 @@ class FrmRavolin : public ScriptScreen {
   void CmdPrev_Click();
   void CmdFirst_Click();
   void CmdLast_Click();
+  // The study file and a new study.
+  void CmdSave_Click();
+  void SaveAsFile(std::string fileName);
+  void CmdNew_Click();
 
   // The radiator families: the type files of the program folder and the working copy.
   void SetCategoryNumbers();
@@ -222,6 +227,7 @@ class FrmRavolin : public ScriptScreen {
   void TakeFamilyOfSheet();
   void RemoveSheetFromFiles(int16_t sheet);
   void TakeFamilyInUse();
+  void OfferToSave();
   void SheetNumberDisagrees(int16_t sheet, int16_t written);
   bool LeaveEmptySheet(int16_t target);
   void GoBackTo(int16_t target, bool alreadyThere);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QFileDialog>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QUrl>
@@ -25,4 +26,15 @@ void QtPlatform::OpenDocument(const std::filesystem::path& file) {
 
 void QtPlatform::Beep() {
   QApplication::beep();
+}
+
+// "Special Files (*.sht)|*.sht" becomes Qt's "Special Files (*.sht)".
+std::optional<std::filesystem::path> QtPlatform::AskSaveFile(const std::filesystem::path& folder,
+                                                             const std::string& filter) {
+  const QString qtFilter = QString::fromStdString(filter.substr(0, filter.find('|')));
+  const QString name = QFileDialog::getSaveFileName(
+      QApplication::activeWindow(), QStringLiteral("ΑΠΟΘΗΚΕΥΣΗ ΤΗΣ ΜΕΛΕΤΗΣ"),
+      QString::fromStdString(folder.string()), qtFilter);
+  if (name.isEmpty()) return std::nullopt;
+  return std::filesystem::path(name.toStdString());
 }

@@ -9,4 +9,6 @@ class QtPlatform : public Platform {
   Separators NumberSeparators() const override;
   void OpenDocument(const std::filesystem::path& file) override;
   void Beep() override;
+  std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
+                                                   const std::string& filter) override;
 };

@@ -1,5 +1,7 @@
 #pragma once
 // A desktop whose display and separators a test chooses, and whose viewer only remembers.
+#include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,9 +12,18 @@ class FakePlatform : public Platform {
   DisplaySize Size{1024, 768};
   Separators Seps{U'.', U','};
   std::vector<std::string> Opened;
+  // Answers of the file dialog, in order; none left: cancelled.
+  std::deque<std::optional<std::filesystem::path>> FileAnswers;
   DisplaySize Display() const override { return Size; }
   Separators NumberSeparators() const override { return Seps; }
   void OpenDocument(const std::filesystem::path& file) override {
     Opened.push_back(file.filename().string());
+  }
+  std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path&,
+                                                   const std::string&) override {
+    if (FileAnswers.empty()) return std::nullopt;
+    auto answer = FileAnswers.front();
+    FileAnswers.pop_front();
+    return answer;
   }
 };

@@ -12,7 +12,8 @@ TEST(StudyState, StartValues) {
   EXPECT_EQ(s.SheetCount, 0);
 }
 
-TEST(StudyState, InitializeVariablesEmptiesAllButTheSheetAndTheSeparators) {
+// The pipe's area comes from the pipe list read at start: a new study still calculates.
+TEST(StudyState, InitializeVariablesEmptiesAllButTheSheetTheSeparatorsAndThePipe) {
   StudyState s;
   s.CurrentSheet = 7;
   s.SheetCount = 9;
@@ -26,6 +27,8 @@ TEST(StudyState, InitializeVariablesEmptiesAllButTheSheetAndTheSeparators) {
   s.PipeArea = 0.0001131f;
   s.StudyFileName = "RVLFiles/Μελέτη.sht";
   s.ColumnsEditable = -1;
+  s.SomaRecords = 12;
+  s.Thema = "Μελέτη";
 
   s.InitializeVariables();
 
@@ -38,7 +41,9 @@ TEST(StudyState, InitializeVariablesEmptiesAllButTheSheetAndTheSeparators) {
   EXPECT_EQ(s.ErrorFlag, 0);
   EXPECT_EQ(s.LastAnswer, "");
   EXPECT_EQ(s.SomaCategory, 0);
-  EXPECT_EQ(s.PipeArea, 0.0f);
+  EXPECT_EQ(s.PipeArea, 0.0001131f);
+  EXPECT_EQ(s.SomaRecords, 0);
+  EXPECT_EQ(s.Thema, "");
   EXPECT_EQ(s.StudyFileName, "");
   EXPECT_EQ(s.ColumnsEditable, 0);
 }

@@ -1,0 +1,104 @@
+// The study as a whole from the main screen: writing it to a study file, and starting a new
+// one. A study file is a set of byte copies of the working files.
+#include <algorithm>
+
+#include "Checked.h"
+#include "Cp1253.h"
+#include "FrmRavolin.h"
+#include "RavoMessages.h"
+
+namespace {
+
+constexpr const char* kStudyFilter = "Special Files (*.sht)|*.sht";
+
+Message NewStudyQuestion() {
+  Message m;
+  m.Title = "...!! ΠΡΟΣΟΧΗ  !!...";
+  m.Lines = {"... Τα Δεδομένα θα χαθούν, προκειμένου να δημιουργηθεί μια Νέα Μελέτη ...",
+             "... Να προχωρήσω στη Νέα Μελέτη ; ..."};
+  m.Buttons = MessageButtons::YesNo;
+  m.Icon = MessageIcon::Question;
+  m.Default = Answer::No;
+  return m;
+}
+
+// The name with its last four characters replaced by `extension` (".lps", ".rvf").
+std::string SisterFile(const std::string& fileName, const char* extension) {
+  std::u32string name = Utf8ToU32(fileName);
+  if (name.size() < 4) throw RuntimeFault(FaultCode::InvalidCall, "ΑΡΧΕΙΟ \"" + fileName + "\"");
+  name.resize(name.size() - 4);
+  return U32ToUtf8(name) + extension;
+}
+
+bool EndsWithStudyExtension(const std::string& name) {
+  if (name.size() < 4) return false;
+  std::string tail = name.substr(name.size() - 4);
+  std::transform(tail.begin(), tail.end(), tail.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return tail == ".sht";
+}
+
+}  // namespace
+
+// Ctrl-S, Shift-F12: only a calculated sheet is saved. The sheet on the screen is written to
+// the working files first, so that the study file holds it as the engineer sees it.
+void FrmRavolin::CmdSave_Click() {
+  KeepScreenOnFault([this] {
+    FocusTarget = "Grid";
+    if (st_.Calculated == 0) return;
+    SaveTemporarData();
+    const auto answer = platform_.AskSaveFile(ws_.PathOf("RVLFiles"), kStudyFilter);
+    if (!answer) return;
+    std::string fileName = answer->string();
+    if (!EndsWithStudyExtension(fileName)) fileName += ".sht";
+    SaveAsFile(fileName);
+    st_.StudyFileName = fileName;
+    st_.StudyChanged = 0;
+  });
+}
+
+void FrmRavolin::SaveAsFile(std::string fileName) {
+  FocusTarget = "Grid";
+  const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize("SHEETS.TMP");
+  if (!sheetsExist || sheetsSize == 0) return;
+  ws_.Copy("SHEETS.TMP", fileName);
+  CountSheets();
+  for (const auto& [working, extension] :
+       {std::pair{"LOOPS.TMP", ".lps"}, std::pair{"RAVOFLOORS.TMP", ".rvf"}}) {
+    const auto [exists, size] = ws_.FileExistsAndSize(working);
+    if (!exists || size == 0) return;
+    fileName = SisterFile(fileName, extension);
+    ws_.Delete(fileName);
+    ws_.Copy(working, fileName);
+  }
+}
+
+// Kept on purpose: TxtOrigTemp, Txta_a and CurrentSheet stay as they were, so a new study
+// begun on a later sheet starts with gaps.
+void FrmRavolin::CmdNew_Click() {
+  KeepScreenOnFault([this] {
+    FocusTarget = "Grid";
+    if (Grid.DataRowCount() > 0 && prompter_.Show(NewStudyQuestion()) != Answer::Yes) return;
+    OfferToSave();
+    KillRavoTemporaries(ws_);
+    st_.InitializeVariables();
+    TxtThema.Text = kDefaultThema;
+    oldThema_ = kDefaultThema;
+    TxtTempDrop.Text = "20";
+    for (Field* f : {&TxtOwnership, &TxtLoopNo, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR,
+                     &TxtLoopLength, &TxtOtherRes})
+      f->Text.clear();
+    if (!CboPipes.Items.empty()) CboPipes.Index = 0;
+    if (!CboSomata.Items.empty()) SelectFamilyQuietly(0);
+    Grid.ClearAll();
+  });
+}
+
+// Message -10 when the study has changed since it was last saved and the sheet holds results.
+void FrmRavolin::OfferToSave() {
+  if (st_.StudyChanged == 0 || st_.Calculated == 0) return;
+  RavoMessages(-10, prompter_, st_);
+  const bool yes = st_.LastAnswer == "YES";
+  st_.LastAnswer.clear();
+  if (yes) CmdSave_Click();
+}
