@@ -5,6 +5,7 @@
 //     each through the command boundary (with its journal), as the screen runs them.
 //   SaveWith200Sheets: SaveTemporarData of sheet 200 of a 200-sheet study: the sheet written,
 //     then the water content of all 200 sheets worked out again.
+//   PgDnPgUpIn200Sheets: one step forward and one back in the middle of a 200-sheet study.
 //   IoFloor/1, /200: the same files read whole and written back whole, without any work.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -99,6 +100,27 @@ void SaveWith200Sheets(benchmark::State& run) {
   run.SetLabel("sheet 200 written, water content of 200 sheets");
 }
 BENCHMARK(SaveWith200Sheets)->Unit(benchmark::kMicrosecond);
+
+// PgDn from sheet 100 to 101 and PgUp back, in a study of 200 calculated sheets: each step
+// checks the sheet, writes it twice (with the water content of all 200) and loads the next.
+void PgDnPgUpIn200Sheets(benchmark::State& run) {
+  Desk desk(false);
+  desk.Calculate();
+  for (int sheet = 1; sheet <= 200; ++sheet) {
+    desk.form->Txta_a.Text = std::to_string(sheet);
+    desk.Save();
+  }
+  desk.boundary.Run([&] { desk.form->LoadSheet(100); });
+  KeyStroke pgDn{KeyCode::PageDown}, pgUp{KeyCode::PageUp};
+  for (auto _ : run) {
+    desk.boundary.Run([&] { desk.form->Form_KeyDown(pgDn); });
+    desk.boundary.Run([&] { desk.form->Form_KeyDown(pgUp); });
+  }
+  if (desk.state.CurrentSheet != 100 || !desk.prompter.History().empty())
+    throw std::runtime_error("the walk did not come back to sheet 100");
+  run.SetLabel("two steps: PgDn then PgUp");
+}
+BENCHMARK(PgDnPgUpIn200Sheets)->Unit(benchmark::kMicrosecond);
 
 void ReadWriteWhole(const fs::path& file) {
   const std::string bytes = ReadAllBytes(file);
