@@ -110,18 +110,22 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
 }
 
 // The row commands under the grid, each with its tip; Calculate stands in the header.
-QHBoxLayout* FrmRavolinView::BuildCommands() {
+// Two rows under the grid: the commands on the rows, then those on the sheets and the study.
+QVBoxLayout* FrmRavolinView::BuildCommands() {
+  auto* rows = new QVBoxLayout();
   auto* row = new QHBoxLayout();
+  rows->addLayout(row);
   for (const auto& command : FrmRavolin::CommandButtons()) {
     if (std::string(command.Name) == "CmdCalc") continue;
-    // The sheet commands stand apart from the row commands.
-    if (std::string(command.Name) == "CmdFirst") row->addSpacing(24);
+    if (std::string(command.Name) == "CmdFirst") {
+      row->addStretch(1);
+      row = new QHBoxLayout();
+      rows->addLayout(row);
+    }
     auto* button = new QPushButton(QString::fromStdString((logic_.*command.Button).Text), this);
     button->setObjectName(QString::fromLatin1(command.Name));
     button->setToolTip(QString::fromUtf8(command.Tip));
     button->setFocusPolicy(Qt::TabFocus);
-    button->setMinimumWidth(40);
-    button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     const std::string name = command.Name;
     connect(button, &QPushButton::clicked, this,
             [this, name] { Run([this, name] { logic_.Controls().at(name).Press(); }); });
@@ -129,7 +133,7 @@ QHBoxLayout* FrmRavolinView::BuildCommands() {
     buttons_[name] = button;
   }
   row->addStretch(1);
-  return row;
+  return rows;
 }
 
 QComboBox* FrmRavolinView::MakeCombo(const std::string& name) {

@@ -46,7 +46,7 @@ class FrmRavolinView : public QWidget {
   CommandBoundary& boundary_;
   std::map<std::string, FilteredLineEdit*> boxes_;
   QComboBox* MakeCombo(const std::string& name);
-  class QHBoxLayout* BuildCommands();
+  class QVBoxLayout* BuildCommands();
   std::map<std::string, QPushButton*> buttons_;
   QComboBox* pipes_ = nullptr;
   QComboBox* somata_ = nullptr;

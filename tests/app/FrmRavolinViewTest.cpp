@@ -226,7 +226,10 @@ TEST_F(ViewKeysTest, F5CopiesTheRowAboveAndF2OpensTheLockedColumns) {
 TEST_F(ViewKeysTest, EveryRowCommandHasItsButtonAndTip) {
   for (const auto& command : FrmRavolin::CommandButtons()) {
     if (std::string(command.Name) == "CmdCalc") continue;
-    EXPECT_EQ(view.Button(command.Name)->toolTip().toStdString(), command.Tip) << command.Name;
+    QPushButton* button = view.Button(command.Name);
+    EXPECT_EQ(button->toolTip().toStdString(), command.Tip) << command.Name;
+    EXPECT_GE(button->width(), button->sizeHint().width()) << command.Name;  // caption whole
+    EXPECT_LE(button->geometry().right(), view.width()) << command.Name;
   }
   Row(1, "1000");
   Row(2, "800");
