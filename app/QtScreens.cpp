@@ -1,5 +1,6 @@
 #include "QtScreens.h"
 
+#include "FrmOldStudyView.h"
 #include "FrmRavoAddView.h"
 #include "FrmRavoSheetsView.h"
 #include "RuntimeFault.h"
@@ -10,6 +11,9 @@ void QtScreens::ShowModal(ScriptScreen& screen) {
     view.exec();
   } else if (auto* sheets = dynamic_cast<FrmRavoSheets*>(&screen)) {
     FrmRavoSheetsView view(*sheets, boundary_, parent_);
+    view.exec();
+  } else if (auto* old = dynamic_cast<FrmOldStudy*>(&screen)) {
+    FrmOldStudyView view(*old, boundary_, parent_);
     view.exec();
   } else {
     throw RuntimeFault(FaultCode::Internal, "no view for " + screen.ScreenName());

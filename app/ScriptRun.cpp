@@ -60,6 +60,6 @@ int RunScript(const Options& options, Workspace& workspace, std::ostream& out, s
   FrmRavolin main(workspace, state, prompter, platform, boundary, screens);
   driver.SetMainScreen(&main);
   driver.SetCommandRunner([&](const std::function<void()>& action) { boundary.Run(action); });
-  boundary.Run([&] { main.Form_Load(); });
+  driver.SetStartup([&] { main.Form_Load(); });
   return driver.RunFile(*options.Script, err);
 }

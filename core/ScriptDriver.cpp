@@ -202,6 +202,7 @@ int ScriptDriver::RunText(const std::string& text, const std::string& fileName, 
   next_ = 0;
   try {
     lines_ = ParseScript(text);
+    if (startup_) Act(startup_);
     while (next_ < lines_.size()) Execute(lines_[next_++]);
     return 0;
   } catch (const ScriptError& e) {

@@ -52,6 +52,9 @@ class ScriptDriver {
   void SetMainScreen(ScriptScreen* screen) { main_ = screen; }
   // Every user action runs through this (the command boundary). Default: run it directly.
   void SetCommandRunner(std::function<void(const std::function<void()>&)> runner);
+  // The start of the program (the main screen's load), run once the script is read, so that a
+  // screen the start opens (the recovery of a study left behind) takes the first lines.
+  void SetStartup(std::function<void()> startup) { startup_ = std::move(startup); }
 
   // Runs a script file. Returns the exit status: 0 all passed, 1 an expectation failed or a
   // line could not be understood (the reason printed to `err`).
@@ -98,4 +101,5 @@ class ScriptDriver {
   std::size_t next_ = 0;          // the next line to run
   std::size_t expectedUpTo_ = 0;  // messages of the history already expected
   std::string fileName_;
+  std::function<void()> startup_;
 };

@@ -6,6 +6,7 @@
 
 #include "Checked.h"
 #include "Cp1253.h"
+#include "FrmOldStudy.h"
 #include "RavoMessages.h"
 #include "RuntimeFault.h"
 
@@ -199,7 +200,9 @@ void FrmRavolin::LookForStudyLeftBehind() {
   const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize("SHEETS.TMP");
   const auto [loopsExist, loopsSize] = ws_.FileExistsAndSize("LOOPS.TMP");
   if (sheetsExist && sheetsSize > 0 && loopsExist && loopsSize > 0) {
-    // A study left behind: it stays where it is until the engineer is offered its recovery.
+    // A study left behind by a run that did not end normally.
+    FrmOldStudy old(*this, ws_);
+    screens_.ShowModal(old);
     return;
   }
   const bool sheetsWithoutRows = sheetsExist && sheetsSize > 0 && loopsExist && loopsSize == 0;

@@ -159,6 +159,8 @@ class FrmRavolin : public ScriptScreen {
   void PutGenSheetData(const SheetRecord& record);
   void PutLoopDataOnScreen(const LoopRecord& record);
   void LoadSheet(int16_t sheet);
+  // A study left behind comes back on the screen straight from the working files.
+  void OpeningOld();
   // Appends a copied radiator (columns 1, 2, 3 and 10) at the first free row; the first row
   // into an empty grid brings the family of the sheet it comes from.
   void PutAddLoopDataOnSpread(const LoopRecord& record, float sourceFamily);

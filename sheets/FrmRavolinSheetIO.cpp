@@ -28,6 +28,14 @@ bool LitresPerMetre(const std::string& pipeName, double& litres) {
 
 }  // namespace
 
+// Reading ResultsValid back: exactly -1 or 0 set the flag, anything else leaves it.
+static void TakeResultsValid(float resultsValid, int16_t& calculated) {
+  if (resultsValid == -1.0f)
+    calculated = -1;
+  else if (resultsValid == 0.0f)
+    calculated = 0;
+}
+
 // ---- Saving --------------------------------------------------------------------------------
 
 void FrmRavolin::SaveTemporarData() {
@@ -311,6 +319,27 @@ int16_t FrmRavolin::CountSheets() {
   return st_.SheetCount;
 }
 
+void FrmRavolin::OpeningOld() {
+  st_.CurrentSheet = 1;
+  {
+    auto sheets = ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly);
+    st_.SheetCount = CInt(sheets.Count());
+    const SheetRecord record = sheets.Read(1);
+    PutGenSheetData(record);
+    TakeResultsValid(record.ResultsValid, st_.Calculated);
+  }
+  {
+    auto loops = ws_.Records<LoopRecord>(kLoopsFile, RecordFileMode::ReadOnly);
+    const int32_t count = loops.Count();
+    for (int32_t n = 1; n <= count; ++n) {
+      const LoopRecord record = loops.Read(n);
+      if (record.SheetNo > 1) break;
+      if (record.SheetNo == 1) PutLoopDataOnScreen(record);
+    }
+  }
+  RebuildRunningLoad();  // no gap closing here
+}
+
 // A record whose number field disagrees with its place: the sheet is shown under its place,
 // so that saving it never writes over another sheet, and the engineer is told.
 void FrmRavolin::SheetNumberDisagrees(int16_t sheet, int16_t written) {
@@ -323,14 +352,6 @@ void FrmRavolin::SheetNumberDisagrees(int16_t sheet, int16_t written) {
   m.Icon = MessageIcon::Exclamation;
   prompter_.Show(m);
   Txta_a.Text = std::to_string(sheet);
-}
-
-// Reading ResultsValid back: exactly -1 or 0 set the flag, anything else leaves it.
-static void TakeResultsValid(float resultsValid, int16_t& calculated) {
-  if (resultsValid == -1.0f)
-    calculated = -1;
-  else if (resultsValid == 0.0f)
-    calculated = 0;
 }
 
 void FrmRavolin::LoadSheet(int16_t sheet) {

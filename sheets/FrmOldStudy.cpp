@@ -1,0 +1,87 @@
+#include "FrmOldStudy.h"
+
+#include <algorithm>
+
+#include "Checked.h"
+#include "Cp1253.h"
+#include "FrmRavolin.h"
+#include "Numbers.h"
+
+namespace {
+
+// The lines of the message and the blanks each takes on the left beyond its centring.
+struct MessageLine {
+  const char* Text;
+  int Extra;
+};
+
+const MessageLine kLines[] = {
+    {"Στον Σκληρό Δίσκο τού Συστήματός σας,", 6},
+    {"βρέθηκε μια ημιτελής Παλαιά Μελέτη, του Προγράμματος < Ravolinette >.", 0},
+    {"Το Πρόγραμμα είναι σε θέση να < αναβιώσει > την Μελέτη αυτή.", 1},
+    {"ΘΕΛΕΤΕ ΝΑ ΚΑΝΕΤΕ ΚΑΤΙ ΤΕΤΟΙΟ ;", 12},
+    {"... Εάν επιλέξετε < ΟΧΙ >, η Μελέτη θα χαθεί ΟΡΙΣΤΙΚΑ ! ...", 6},
+};
+
+// Each line centred against the longest: half the difference on both sides, and its extra
+// blanks on the left.
+std::vector<std::string> CentredLines() {
+  std::size_t longest = 0;
+  for (const MessageLine& l : kLines) longest = std::max(longest, Utf8ToU32(l.Text).size());
+  std::vector<std::string> lines;
+  for (const MessageLine& l : kLines) {
+    const double difference = static_cast<double>(longest - Utf8ToU32(l.Text).size());
+    const auto half = static_cast<std::size_t>(RoundHalfEven(difference / 2));
+    lines.push_back(std::string(half + static_cast<std::size_t>(l.Extra), ' ') + l.Text +
+                    std::string(half, ' '));
+  }
+  return lines;
+}
+
+}  // namespace
+
+const std::vector<std::string>& FrmOldStudy::UselessFiles() {
+  static const std::vector<std::string> files = {"Studies.std",
+                                                 "DUMMY.TMP",
+                                                 "EDGE_DOUBLEFLOORS.TMP",
+                                                 "INTER_DOUBLEFLOORS.TMP",
+                                                 "EDGE_FINALFLOORS.TMP",
+                                                 "INTER_FINALFLOORS.TMP",
+                                                 "EDGE_SHEETSNODES.TMP",
+                                                 "INTER_SHEETSNODES.TMP",
+                                                 "RECNOFFF.TXT",
+                                                 "LEVEL_SHEETS.TXT",
+                                                 "LEVELSHEETS_TECH.TXT",
+                                                 "TMP.TMP",
+                                                 "DATARES.TMP",
+                                                 "SOMATA.@@@",
+                                                 "SOMATA.TMP",
+                                                 "STATIST.TMP",
+                                                 "SectionsFlows.txt",
+                                                 "LIQUID.TMP",
+                                                 "EDGE.TMP"};
+  return files;
+}
+
+FrmOldStudy::FrmOldStudy(FrmRavolin& main, Workspace& workspace) : main_(main), ws_(workspace) {
+  List1.SetItems(CentredLines());
+  Lbl_Wait.Visible = false;
+  controls_["Caption"] = LabelControl(Caption);
+  controls_["Label1"] = LabelControl(Label1);
+  controls_["List1"] = ListControl(List1, nullptr);
+  controls_["Lbl_Wait"] = LabelControl(Lbl_Wait);
+  controls_["Command1"] = CommandControl(Command1, [this] { Command1_Click(); });
+  controls_["Command2"] = CommandControl(Command2, [this] { Command2_Click(); });
+}
+
+void FrmOldStudy::Command1_Click() {
+  Lbl_Wait.Visible = true;
+  main_.OpeningOld();
+  for (const std::string& name : UselessFiles()) ws_.Delete(name);
+  closed_ = true;
+}
+
+void FrmOldStudy::Command2_Click() {
+  KillRavoTemporaries(ws_);
+  closed_ = true;
+}

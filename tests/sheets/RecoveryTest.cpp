@@ -1,0 +1,107 @@
+// A study left behind by a run that did not end: at the next start the engineer revives it
+// from the working files or lets it go.
+#include "FrmOldStudy.h"
+#include "SheetsFixture.h"
+
+namespace {
+
+class RecoveryTest : public SheetsTest {
+ protected:
+  // A first run that enters two calculated sheets and never ends.
+  RecoveryTest() {
+    WritePipes({"Φ16x1"});
+    WriteSectionFamily();
+    Load();
+    TypeHeader();
+    for (int sheet = 1; sheet <= 2; ++sheet) {
+      if (sheet == 2) Key(KeyCode::PageDown);
+      Type("TxtLoopNo", "Κ" + std::to_string(sheet));
+      Cell(1, 1, "1");
+      Cell(1, 2, std::to_string(700 + sheet));
+      Cell(1, 3, "20");
+      Cell(1, 10, "II/905");
+      Key(KeyCode::F10);
+    }
+    boundary.Run([&] { form->SaveTemporarData(); });
+    WriteAllBytes(folder / "RAVOFLOORS.TMP", "levels");
+    WriteAllBytes(folder / "DATARES.TMP", "network");
+    WriteAllBytes(folder / "Studies.std", "cache");
+    sheets = ReadAllBytes(folder / "SHEETS.TMP");
+    loops = ReadAllBytes(folder / "LOOPS.TMP");
+    prompter.Clear();
+    screens.Shown.clear();
+  }
+  // The next start, with `answer` given to the recovery screen.
+  void Restart(std::function<void(FrmOldStudy&)> answer) {
+    screens.Queue([answer](ScriptScreen& s) { answer(dynamic_cast<FrmOldStudy&>(s)); });
+    state = StudyState{};
+    Load();
+  }
+  std::string sheets, loops;
+};
+
+TEST_F(RecoveryTest, YesRevivesTheStudyFromTheWorkingFilesAsTheyStand) {
+  Restart([](FrmOldStudy& old) {
+    EXPECT_FALSE(old.Lbl_Wait.Visible);
+    old.Command1_Click();
+    EXPECT_TRUE(old.Lbl_Wait.Visible);
+  });
+  EXPECT_EQ(screens.Shown, std::vector<std::string>{"FrmOldStudy"});
+  EXPECT_EQ(form->Txta_a.Text, "1");
+  EXPECT_EQ(form->TxtLoopNo.Text, "Κ1");
+  EXPECT_EQ(form->Grid.Text(1, 2), "701");
+  EXPECT_EQ(form->TxtLoopLoad.Text, "701");
+  EXPECT_EQ(state.Calculated, -1);
+  EXPECT_EQ(state.StudyChanged, 0);
+  EXPECT_EQ(state.StudyFileName, "");
+  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheets);
+  EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), loops);
+  EXPECT_TRUE(std::filesystem::exists(folder / "RAVOFLOORS.TMP"));
+  EXPECT_TRUE(std::filesystem::exists(folder / kSomataWorkingCopy));
+  EXPECT_FALSE(std::filesystem::exists(folder / "DATARES.TMP"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "Studies.std"));
+  Key(KeyCode::PageDown);
+  EXPECT_EQ(form->TxtLoopNo.Text, "Κ2");
+  EXPECT_EQ(form->Grid.Text(1, 2), "702");
+  EXPECT_TRUE(prompter.History().empty());
+}
+
+TEST_F(RecoveryTest, NoLeavesNoWorkingFileBehind) {
+  Restart([](FrmOldStudy& old) { old.Command2_Click(); });
+  for (const std::string& name : WorkingFileNames())
+    EXPECT_FALSE(std::filesystem::exists(folder / name)) << name;
+  EXPECT_EQ(form->Grid.DataRowCount(), 0);
+  EXPECT_EQ(form->TxtThema.Text, "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
+}
+
+TEST_F(RecoveryTest, ClosingTheBoxDecidesNothingAndTheNextStartAsksAgain) {
+  Restart([](FrmOldStudy& old) { old.CloseBox(); });
+  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheets);
+  EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), loops);
+  Restart([](FrmOldStudy&) {});
+  EXPECT_EQ(screens.Shown, (std::vector<std::string>{"FrmOldStudy", "FrmOldStudy"}));
+}
+
+TEST_F(RecoveryTest, SheetsWithoutRowsNeverReachTheQuestion) {
+  WriteAllBytes(folder / "LOOPS.TMP", "");
+  Restart([](FrmOldStudy&) { ADD_FAILURE() << "no question expected"; });
+  EXPECT_TRUE(screens.Shown.empty());
+  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
+}
+
+TEST_F(RecoveryTest, TheMessageLinesStandCentredWithTheirExtraBlanks) {
+  FrmOldStudy old(*form, ws);
+  const auto& lines = old.List1.Items;
+  ASSERT_EQ(lines.size(), 5u);
+  // The second line is the longest: no blanks at all.
+  EXPECT_EQ(lines[1], "βρέθηκε μια ημιτελής Παλαιά Μελέτη, του Προγράμματος < Ravolinette >.");
+  const std::u32string fourth = Utf8ToU32(lines[3]);
+  const std::size_t text = Utf8ToU32(std::string("ΘΕΛΕΤΕ ΝΑ ΚΑΝΕΤΕ ΚΑΤΙ ΤΕΤΟΙΟ ;")).size();
+  const std::size_t longest = Utf8ToU32(lines[1]).size();
+  ASSERT_EQ(longest - text, 39u);
+  const std::size_t half = 20;  // 19.5 taken as a whole number of blanks: halves to even
+  EXPECT_EQ(fourth.find_first_not_of(U' '), half + 12);
+  EXPECT_EQ(fourth.size(), text + 2 * half + 12);
+}
+
+}  // namespace
