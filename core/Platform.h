@@ -29,4 +29,9 @@ class Platform {
     (void)filter;
     return std::nullopt;
   }
+  // The same for a file to read.
+  virtual std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder,
+                                                           const std::string& filter) {
+    return AskSaveFile(folder, filter);
+  }
 };

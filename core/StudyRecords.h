@@ -88,6 +88,30 @@ struct RecordLayoutOf<LoopRecord> {
   static constexpr const auto& Value = LoopRecordLayout;
 };
 
+// "Studies.std": one record per study file of RVLFiles/, a cache the study browser rebuilds
+// from the folder each time it opens.
+struct StudyRecord {
+  int16_t StudyNo = 0;     // from 1, the record number
+  std::string StudyTitle;  // Thema of the study's first sheet
+  std::string FolderPath;  // folder of the file, with its trailing separator
+  std::string FileName;    // name of the .sht file
+  std::string FileDate;    // last-write date, for display
+  std::string FileTime;    // last-write time, for display
+  std::string Reserved;    // 18 bytes never set
+};
+
+inline constexpr auto StudyRecordLayout = MakeLayout<StudyRecord, 526>(
+    I16(&StudyRecord::StudyNo, 0), Text(&StudyRecord::StudyTitle, 2, 120),
+    Text(&StudyRecord::FolderPath, 122, 264), Text(&StudyRecord::FileName, 386, 100),
+    Text(&StudyRecord::FileDate, 486, 12), Text(&StudyRecord::FileTime, 498, 10),
+    Raw(&StudyRecord::Reserved, 508, 18));
+static_assert(StudyRecordLayout.Tiles(), "StudyRecord fields must tile 526 bytes");
+
+template <>
+struct RecordLayoutOf<StudyRecord> {
+  static constexpr const auto& Value = StudyRecordLayout;
+};
+
 inline constexpr int kRowsPerSheet = 8;
 // The number of the LoopRecord of row `row` of sheet `sheet`, both from 1.
 inline constexpr int32_t LoopRecordNumber(int32_t sheet, int32_t row) {

@@ -139,8 +139,19 @@ fs::path SecondFileOf(const fs::path& file) {
 }
 
 // Puts the second file in the place of `file`, flushed to the disk first.
+std::function<void(int)>& RewriteStepHook() {
+  static std::function<void(int)> hook;
+  return hook;
+}
+
+void RewriteStep(int step) {
+  if (RewriteStepHook()) RewriteStepHook()(step);
+}
+
 void ReplaceWithSecondFile(const fs::path& second, const fs::path& file) {
+  RewriteStep(1);
   SyncFile(second);
+  RewriteStep(2);
   std::error_code ec;
   fs::rename(second, file, ec);
   if (ec) {
@@ -149,6 +160,7 @@ void ReplaceWithSecondFile(const fs::path& second, const fs::path& file) {
     throw RuntimeFault(FaultOf(ec, FaultCode::PathNotFound), NameOf(file));
   }
   SyncFolder(file.parent_path());
+  RewriteStep(3);
 }
 
 // Writes `bytes` as the whole content of `file`, through a second file and a rename.
@@ -421,6 +433,22 @@ void Workspace::Rewrite(std::string_view name, const std::function<void(const fs
     throw;
   }
   ReplaceWithSecondFile(second, target);
+}
+
+void Workspace::CopySafely(std::string_view from, std::string_view to) {
+  Pause();
+  const fs::path source = PathOf(from);
+  const std::string detail = std::string(from) + " → " + std::string(to);
+  if (!IsFile(source)) throw RuntimeFault(FaultCode::FileNotFound, detail);
+  Rewrite(to, [&](const fs::path& second) {
+    std::error_code ec;
+    fs::copy_file(source, second, fs::copy_options::overwrite_existing, ec);
+    if (ec) throw RuntimeFault(FaultOf(ec, FaultCode::DeviceIo), detail);
+  });
+}
+
+void Workspace::SetRewriteStepHook(std::function<void(int)> hook) {
+  RewriteStepHook() = std::move(hook);
 }
 
 std::vector<std::string> Workspace::ListFiles(std::string_view folder,

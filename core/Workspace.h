@@ -59,6 +59,14 @@ class Workspace : public FileJournal {
   void Rewrite(std::string_view name,
                const std::function<void(const std::filesystem::path&)>& write);
 
+  // Copies `from` over `to` (either may be a path outside the folder) through a second file
+  // beside `to`, flushed and renamed: `to` is at every moment either what it was or the whole
+  // copy. A missing `from` is FileNotFound.
+  void CopySafely(std::string_view from, std::string_view to);
+  // Called at each step of a rewrite through a second file (1 written, 2 flushed, 3 renamed):
+  // a test stops a process there to prove that a crash never leaves half a file.
+  static void SetRewriteStepHook(std::function<void(int step)> hook);
+
   // The names of the files of a folder of the program folder ("" for the folder itself) that
   // match a pattern such as "*.ths", without regard to case, in the order of a file list.
   std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern) const;

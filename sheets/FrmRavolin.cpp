@@ -100,6 +100,7 @@ const std::vector<FrmRavolin::CommandButton>& FrmRavolin::CommandButtons() {
       {"CmdDeleteSheet", &FrmRavolin::CmdDeleteSheet, "ΔΙΑΓΡΑΦΗ ΟΛΟΚΛΗΡΟΥ ΤΟΥ ΦΥΛΛΟΥ ΥΠΟΛΟΓΙΣΜΩΝ"},
       {"CmdSave", &FrmRavolin::CmdSave,
        "ΔΗΜΙΟΥΡΓΙΑ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-S > ή  < Shift-F12 >"},
+      {"CmdOpen", &FrmRavolin::CmdOpen, "ΑΝΑΚΛΗΣΗ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-O >"},
       {"CmdNew", &FrmRavolin::CmdNew, "ΝΕΑ ΜΕΛΕΤΗ"},
   };
   return buttons;
@@ -238,6 +239,10 @@ bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
     CmdSave_Click();
     return true;
   }
+  if (key.Ctrl && !key.Shift && !key.Alt && key.Code == KeyCode::Char && key.Char == U'O') {
+    CmdOpen_Click();
+    return true;
+  }
   if (!plain) return false;
   switch (key.Code) {
     case KeyCode::F10:
@@ -307,6 +312,7 @@ void FrmRavolin::BuildControls() {
       {"CmdLast", [this] { CmdLast_Click(); }},
       {"CmdDeleteSheet", [this] { CmdDeleteSheet_Click(); }},
       {"CmdSave", [this] { CmdSave_Click(); }},
+      {"CmdOpen", [this] { CmdOpen_Click(); }},
       {"CmdNew", [this] { CmdNew_Click(); }}};
   for (const CommandButton& b : CommandButtons())
     controls_[b.Name] = CommandControl(this->*b.Button, clicks.at(b.Name));

@@ -65,7 +65,7 @@ class FrmRavolin : public ScriptScreen {
   Field CmdPaste{"F5"}, CmdEditCols{"F2"}, CmdDeleteRow{"Διαγρ. Σειράς"},
       CmdDeleteColumn{"Διαγρ. Στήλης"};
   Field CmdFirst{"|◀"}, CmdPrev{"◀"}, CmdNext{"▶"}, CmdLast{"▶|"}, CmdDeleteSheet{"Διαγρ. Φύλλου"};
-  Field CmdSave{"Αποθήκευση"}, CmdNew{"Νέα Μελέτη"};
+  Field CmdSave{"Αποθήκευση"}, CmdOpen{"Άνοιγμα"}, CmdNew{"Νέα Μελέτη"};
   TextGrid Grid{kGridRows, kGridCols};
 
   // State held by the screen itself.
@@ -179,6 +179,9 @@ class FrmRavolin : public ScriptScreen {
   void CmdSave_Click();
   void SaveAsFile(std::string fileName);
   void CmdNew_Click();
+  void CmdOpen_Click();
+  void ClassicOpenFile_M();
+  void OpenFile(std::string fileName);
 
   // The radiator families: the type files of the program folder and the working copy.
   void SetCategoryNumbers();
@@ -230,6 +233,7 @@ class FrmRavolin : public ScriptScreen {
   void RemoveSheetFromFiles(int16_t sheet);
   void TakeFamilyInUse();
   void OfferToSave();
+  bool LooksLikeAStudy(const std::string& fileName);
   void SheetNumberDisagrees(int16_t sheet, int16_t written);
   bool LeaveEmptySheet(int16_t target);
   void GoBackTo(int16_t target, bool alreadyThere);

@@ -4,6 +4,7 @@
 
 #include "Checked.h"
 #include "Cp1253.h"
+#include "FrmOpenSave_M.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
 
@@ -28,6 +29,15 @@ std::string SisterFile(const std::string& fileName, const char* extension) {
   if (name.size() < 4) throw RuntimeFault(FaultCode::InvalidCall, "ΑΡΧΕΙΟ \"" + fileName + "\"");
   name.resize(name.size() - 4);
   return U32ToUtf8(name) + extension;
+}
+
+Message NotAStudyMessage(const std::string& fileName) {
+  Message m;
+  m.Title = "!! ΠΡΟΣΟΧΗ !!";
+  m.Lines = {"... Το αρχείο < " + fileName + " > ΔΕΝ είναι αρχείο Μελέτης ...",
+             "... Η τρέχουσα Μελέτη έμεινε όπως ήταν ..."};
+  m.Icon = MessageIcon::Exclamation;
+  return m;
 }
 
 bool EndsWithStudyExtension(const std::string& name) {
@@ -61,15 +71,16 @@ void FrmRavolin::SaveAsFile(std::string fileName) {
   FocusTarget = "Grid";
   const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize("SHEETS.TMP");
   if (!sheetsExist || sheetsSize == 0) return;
-  ws_.Copy("SHEETS.TMP", fileName);
+  // Each file of the study goes through a second file and a rename, so that a crash leaves it
+  // either as it was or whole; the old file is therefore not deleted first.
+  ws_.CopySafely("SHEETS.TMP", fileName);
   CountSheets();
   for (const auto& [working, extension] :
        {std::pair{"LOOPS.TMP", ".lps"}, std::pair{"RAVOFLOORS.TMP", ".rvf"}}) {
     const auto [exists, size] = ws_.FileExistsAndSize(working);
     if (!exists || size == 0) return;
     fileName = SisterFile(fileName, extension);
-    ws_.Delete(fileName);
-    ws_.Copy(working, fileName);
+    ws_.CopySafely(working, fileName);
   }
 }
 
@@ -101,4 +112,66 @@ void FrmRavolin::OfferToSave() {
   const bool yes = st_.LastAnswer == "YES";
   st_.LastAnswer.clear();
   if (yes) CmdSave_Click();
+}
+
+// Ctrl-O: unsaved work is offered a save first, then the browser of RVLFiles/.
+void FrmRavolin::CmdOpen_Click() {
+  KeepScreenOnFault([this] {
+    if (st_.StudyChanged != 0) {
+      int16_t lastRow = 0;
+      GetLastDataRow(lastRow);
+      if (st_.Calculated != 0) {
+        RavoMessages(-10, prompter_, st_);
+        const bool yes = st_.LastAnswer == "YES";
+        st_.LastAnswer.clear();
+        if (yes) {
+          CmdSave_Click();
+          st_.StudyChanged = 0;
+        }
+      }
+    }
+    FrmOpenSave_M browser(*this, ws_, st_);
+    screens_.ShowModal(browser);
+    if (browser.ClassicRequested) ClassicOpenFile_M();
+    FocusTarget = "Grid";
+  });
+}
+
+void FrmRavolin::ClassicOpenFile_M() {
+  const auto answer = platform_.AskOpenFile(ws_.PathOf("RVLFiles"), kStudyFilter);
+  if (answer && !answer->empty()) OpenFile(answer->string());
+}
+
+// A study file and its sister must look like a study before the workspace is touched: a file
+// that is not one is refused with a message, and the study on the screen stays.
+bool FrmRavolin::LooksLikeAStudy(const std::string& fileName) {
+  const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize(fileName);
+  if (!sheetsExist) throw RuntimeFault(FaultCode::FileNotFound, fileName);
+  const std::string loops = SisterFile(fileName, ".lps");
+  const auto [loopsExist, loopsSize] = ws_.FileExistsAndSize(loops);
+  if (!loopsExist) throw RuntimeFault(FaultCode::FileNotFound, loops);
+  const bool whole = sheetsSize > 0 && sheetsSize % SheetRecordLayout.RecordLength == 0 &&
+                     loopsSize % LoopRecordLayout.RecordLength == 0 &&
+                     loopsSize / LoopRecordLayout.RecordLength >=
+                         sheetsSize / SheetRecordLayout.RecordLength * kRowsPerSheet;
+  if (whole &&
+      RecordFile<SheetRecord>(ws_.PathOf(fileName), RecordFileMode::ReadOnly).Read(1).SheetNo == 1)
+    return true;
+  prompter_.Show(NotAStudyMessage(std::filesystem::path(fileName).filename().string()));
+  return false;
+}
+
+void FrmRavolin::OpenFile(std::string fileName) {
+  if (!LooksLikeAStudy(fileName)) return;
+  st_.StudyFileName = fileName;
+  ws_.Delete("SHEETS.TMP");
+  ws_.Delete("LOOPS.TMP");
+  ws_.Copy(fileName, "SHEETS.TMP");
+  fileName = SisterFile(fileName, ".lps");
+  ws_.Copy(fileName, "LOOPS.TMP");
+  DeleteSpreadData();
+  LoadSheet(1);
+  ws_.Delete("RAVOFLOORS.TMP");
+  // A study saved before its levels has no .rvf: it opens without levels.
+  ws_.Copy(SisterFile(fileName, ".rvf"), "RAVOFLOORS.TMP", true);
 }

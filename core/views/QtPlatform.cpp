@@ -38,3 +38,13 @@ std::optional<std::filesystem::path> QtPlatform::AskSaveFile(const std::filesyst
   if (name.isEmpty()) return std::nullopt;
   return std::filesystem::path(name.toStdString());
 }
+
+std::optional<std::filesystem::path> QtPlatform::AskOpenFile(const std::filesystem::path& folder,
+                                                             const std::string& filter) {
+  const QString qtFilter = QString::fromStdString(filter.substr(0, filter.find('|')));
+  const QString name =
+      QFileDialog::getOpenFileName(QApplication::activeWindow(), QStringLiteral("ΑΝΑΚΛΗΣΗ ΜΕΛΕΤΗΣ"),
+                                   QString::fromStdString(folder.string()), qtFilter);
+  if (name.isEmpty()) return std::nullopt;
+  return std::filesystem::path(name.toStdString());
+}

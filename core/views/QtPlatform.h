@@ -11,4 +11,6 @@ class QtPlatform : public Platform {
   void Beep() override;
   std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
                                                    const std::string& filter) override;
+  std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder,
+                                                   const std::string& filter) override;
 };

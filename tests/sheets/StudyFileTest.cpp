@@ -1,5 +1,9 @@
 // Saving a study as byte copies of the working files, starting a new study, and the question
 // that keeps unsaved work from being lost at both.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "FrmOpenSave_M.h"
 #include "SheetsFixture.h"
 
 namespace {
@@ -141,6 +145,155 @@ TEST_F(StudyFileTest, ClosingAfterASaveAsksNothing) {
   CtrlS();
   boundary.Run([&] { form->CloseBox(); });
   EXPECT_TRUE(prompter.History().empty());
+}
+
+// ---- Opening --------------------------------------------------------------------------------
+
+class OpenStudyTest : public StudyFileTest {
+ protected:
+  // A saved study "Α.sht" of two sheets, then a new study on the screen.
+  void SetUp() override {
+    CalculatedSheet();
+    Key(KeyCode::PageDown);
+    Cell(1, 1, "1");
+    Cell(1, 2, "700");
+    Cell(1, 3, "20");
+    Cell(1, 10, "II/655");
+    Key(KeyCode::F10);
+    platform.FileAnswers.push_back(Study("Α"));
+    CtrlS();
+    ASSERT_TRUE(std::filesystem::exists(Study("Α.lps")));
+    prompter.Clear();
+    prompter.QueueAnswer(Answer::Yes);
+    boundary.Run([&] { form->CmdNew_Click(); });
+    ASSERT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
+    prompter.Clear();
+  }
+  // Ctrl-O, then `use` on the browser.
+  void Open(std::function<void(FrmOpenSave_M&)> use) {
+    screens.Queue([use](ScriptScreen& s) { use(dynamic_cast<FrmOpenSave_M&>(s)); });
+    KeyStroke key{KeyCode::Char, true};
+    key.Char = U'O';
+    boundary.Run([&] { form->Form_KeyDown(key); });
+  }
+};
+
+TEST_F(OpenStudyTest, TheBrowserListsTheStudiesBySubjectAndOpensOne) {
+  Open([&](FrmOpenSave_M& browser) {
+    EXPECT_EQ(browser.LstStudies.Items, std::vector<std::string>{"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
+    EXPECT_EQ(browser.LblNumber.Text, "1");
+    EXPECT_EQ(std::filesystem::file_size(folder / "Studies.std"), 526u);
+    browser.Controls().at("LstStudies").Select({"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
+    EXPECT_EQ(browser.LblFileName.Text, "Α.sht");
+    EXPECT_EQ(browser.LblFilePath.Text, WithBackslash((folder / "RVLFiles").string()));
+    EXPECT_EQ(browser.LblFileDate.Text.size(), 16u);  // " < 23/11/2026 > "
+    browser.CmdOpenSave_Click();
+    EXPECT_TRUE(browser.Closed());
+  });
+  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), ReadAllBytes(Study("Α.sht")));
+  EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), ReadAllBytes(Study("Α.lps")));
+  EXPECT_FALSE(std::filesystem::exists(folder / "RAVOFLOORS.TMP"));  // saved without levels
+  EXPECT_EQ(form->Grid.Text(1, 2), "900");
+  EXPECT_EQ(state.SheetCount, 2);
+  EXPECT_EQ(state.StudyFileName, Study("Α.sht").string());
+  Key(KeyCode::PageDown);
+  EXPECT_EQ(form->Grid.Text(1, 2), "700");
+  EXPECT_TRUE(prompter.History().empty());
+}
+
+TEST_F(OpenStudyTest, TheClassicDialogOpensAStudyToo) {
+  Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
+  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));  // cancelled: nothing
+  platform.FileAnswers.push_back(Study("Α.sht"));
+  Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
+  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), ReadAllBytes(Study("Α.sht")));
+}
+
+TEST_F(OpenStudyTest, AMissingSisterFileIsNamedAndTheWorkspaceStaysAsItWas) {
+  TypeHeader("20", "80");
+  CalculatedSheet();  // a sheet of the new study on the screen
+  boundary.Run([&] { form->SaveTemporarData(); });
+  const std::string sheets = ReadAllBytes(folder / "SHEETS.TMP");
+  std::filesystem::remove(Study("Α.lps"));
+  Open([](FrmOpenSave_M& browser) {
+    browser.Controls().at("LstStudies").Select({"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
+    browser.CmdOpenSave_Click();
+  });
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
+  EXPECT_NE(LastBox().Lines[1].find("Α.lps"), std::string::npos);
+  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheets);
+  EXPECT_EQ(form->Grid.Text(1, 2), "900");
+}
+
+TEST_F(OpenStudyTest, AFileThatIsNoStudyIsRefusedAndNothingIsTouched) {
+  TypeHeader("20", "80");
+  CalculatedSheet();
+  boundary.Run([&] { form->SaveTemporarData(); });
+  const std::string sheets = ReadAllBytes(folder / "SHEETS.TMP");
+  const std::string text = "Μελέτη; όχι, ένα σημείωμα.\n";
+  for (const std::string& bytes :
+       {std::string(), std::string(195, 'x'), std::string(196, '\x07'), text + text + text}) {
+    WriteAllBytes(Study("Ψ.sht"), bytes);
+    WriteAllBytes(Study("Ψ.lps"), std::string(8 * 298, '\0'));
+    prompter.Clear();
+    platform.FileAnswers.push_back(Study("Ψ.sht"));
+    Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
+    ASSERT_EQ(prompter.History().size(), 1u) << bytes.size();
+    EXPECT_EQ(LastBox().Lines.front(), "... Το αρχείο < Ψ.sht > ΔΕΝ είναι αρχείο Μελέτης ...");
+    EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheets);
+    EXPECT_EQ(form->Grid.Text(1, 2), "900");
+  }
+}
+
+TEST_F(StudyFileTest, AnEmptyStudyFolderGivesAnEmptyList) {
+  screens.Queue([](ScriptScreen& s) {
+    auto& browser = dynamic_cast<FrmOpenSave_M&>(s);
+    EXPECT_TRUE(browser.LstStudies.Items.empty());
+    EXPECT_EQ(browser.LblNumber.Text, "");
+  });
+  boundary.Run([&] { form->CmdOpen_Click(); });
+  EXPECT_EQ(std::filesystem::file_size(folder / "Studies.std"), 0u);
+}
+
+// A save interrupted at every step of every file: each study file on disk is always either the
+// old one or the new one, whole.
+TEST_F(StudyFileTest, ASaveKilledAtAnyStepLeavesEveryFileOldOrNewAndWhole) {
+  CalculatedSheet();
+  platform.FileAnswers.push_back(Study("Ω"));
+  CtrlS();
+  const std::string oldSheets = ReadAllBytes(Study("Ω.sht"));
+  const std::string oldLoops = ReadAllBytes(Study("Ω.lps"));
+  Cell(1, 2, "650");
+  Key(KeyCode::F10);
+  boundary.Run([&] { form->SaveTemporarData(); });
+  const std::string newSheets = ReadAllBytes(folder / "SHEETS.TMP");
+  const std::string newLoops = ReadAllBytes(folder / "LOOPS.TMP");
+  ASSERT_NE(newSheets, oldSheets);
+  for (int stop = 1; stop <= 7; ++stop) {
+    WriteAllBytes(Study("Ω.sht"), oldSheets);
+    WriteAllBytes(Study("Ω.lps"), oldLoops);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      int steps = 0;
+      Workspace::SetRewriteStepHook([&](int) {
+        if (++steps == stop) _exit(0);
+      });
+      form->SaveAsFile(Study("Ω.sht").string());
+      _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    const std::string sheets = ReadAllBytes(Study("Ω.sht"));
+    const std::string loops = ReadAllBytes(Study("Ω.lps"));
+    EXPECT_TRUE(sheets == oldSheets || sheets == newSheets) << "stop " << stop;
+    EXPECT_TRUE(loops == oldLoops || loops == newLoops) << "stop " << stop;
+    if (stop == 7) {
+      EXPECT_EQ(sheets, newSheets);
+      EXPECT_EQ(loops, newLoops);
+    }
+  }
 }
 
 }  // namespace

@@ -1,0 +1,106 @@
+#include "FrmOpenSave_M.h"
+
+#include <chrono>
+#include <ctime>
+
+#include "Checked.h"
+#include "Cp1253.h"
+#include "FrmRavolin.h"
+
+namespace {
+
+// The last-write date and time of a file as the list shows them: "23/11/2026", "09:41:05".
+std::pair<std::string, std::string> DateAndTime(std::filesystem::file_time_type written) {
+  const auto system = std::chrono::file_clock::to_sys(written);
+  const std::time_t t = std::chrono::system_clock::to_time_t(
+      std::chrono::time_point_cast<std::chrono::system_clock::duration>(system));
+  std::tm local{};
+  localtime_r(&t, &local);
+  char date[16], time[16];
+  std::strftime(date, sizeof date, "%d/%m/%Y", &local);
+  std::strftime(time, sizeof time, "%H:%M:%S", &local);
+  return {date, time};
+}
+
+}  // namespace
+
+FrmOpenSave_M::FrmOpenSave_M(FrmRavolin& main, Workspace& workspace, StudyState& state)
+    : main_(main), ws_(workspace), st_(state) {
+  const std::string folder = WithBackslash(ws_.PathOf("RVLFiles").string());
+  MakeCurrentStudiesFile(folder);
+  std::vector<std::string> lines;
+  {
+    auto studies = ws_.Records<StudyRecord>(kStudiesFile, RecordFileMode::ReadOnly);
+    const int32_t count = studies.Count();
+    for (int32_t n = 1; n <= count; ++n)
+      lines.push_back("(" + st_.Format(n, "0000") + ".) " + Trim(studies.Read(n).StudyTitle));
+  }
+  LstStudies.SetItems(std::move(lines));
+  LblNumber.Text = st_.Format(static_cast<double>(LstStudies.Items.size()), "##,###");
+  controls_["LstStudies"] = ListControl(LstStudies, [this] { LstStudies_Click(); });
+  controls_["CmdOpenSave"] = CommandControl(CmdOpenSave, [this] { CmdOpenSave_Click(); });
+  controls_["CmdClassic"] = CommandControl(CmdClassic, [this] { CmdClassic_Click(); });
+  for (auto [name, field] : {std::pair{"LblFileName", &LblFileName},
+                             {"LblFilePath", &LblFilePath},
+                             {"LblFileDate", &LblFileDate},
+                             {"LblFileTime", &LblFileTime},
+                             {"LblNumber", &LblNumber}})
+    controls_[name] = LabelControl(*field);
+}
+
+void FrmOpenSave_M::MakeCurrentStudiesFile(const std::string& folder) {
+  const auto [exists, size] = ws_.FileExistsAndSize(kStudiesFile);
+  if (exists && size > 0) ws_.Delete(kStudiesFile);
+  auto studies = ws_.Records<StudyRecord>(kStudiesFile);
+  const std::string where = WithBackslash(folder);
+  int16_t number = 0;
+  for (const std::string& name : ws_.ListFiles(where, "*.sht")) {
+    const SheetRecord first =
+        RecordFile<SheetRecord>(std::filesystem::path(where) / name, RecordFileMode::ReadOnly)
+            .Read(1);
+    StudyRecord r;
+    r.StudyNo = number = AddI16(number, 1);
+    r.StudyTitle = first.Thema;
+    r.FileName = name;
+    r.FolderPath = where;
+    if (const auto written = ws_.LastWriteTime(where + name))
+      std::tie(r.FileDate, r.FileTime) = DateAndTime(*written);
+    studies.Write(number, r);
+  }
+}
+
+StudyRecord FrmOpenSave_M::RecordOfLine(int index) {
+  return ws_.Records<StudyRecord>(kStudiesFile, RecordFileMode::ReadOnly).Read(index + 1);
+}
+
+void FrmOpenSave_M::LstStudies_Click() {
+  const int index = LstStudies.SelectedIndex();
+  if (index < 0) return;
+  const StudyRecord r = RecordOfLine(index);
+  LblFileName.Text = Trim(r.FileName);
+  LblFilePath.Text = Trim(r.FolderPath);
+  LblFileDate.Text = " < " + r.FileDate + " > ";
+  LblFileTime.Text = " < " + r.FileTime + " > ";
+}
+
+void FrmOpenSave_M::Form_Activate() {
+  LstStudies.Selected.assign(LstStudies.Items.size(), false);
+  for (Field* f : {&LblFileName, &LblFilePath, &LblFileDate, &LblFileTime}) f->Text.clear();
+}
+
+void FrmOpenSave_M::CmdOpenSave_Click() {
+  const int index = LstStudies.SelectedIndex();
+  if (index < 0) return;
+  const StudyRecord r = RecordOfLine(index);
+  main_.OpenFile(WithBackslash(Trim(r.FolderPath)) + Trim(r.FileName));
+  closed_ = true;
+}
+
+void FrmOpenSave_M::CmdClassic_Click() {
+  ClassicRequested = true;
+  closed_ = true;
+}
+
+void FrmOpenSave_M::KeyDown(const KeyStroke& key) {
+  if (key.Code == KeyCode::Escape) closed_ = true;
+}
