@@ -10,6 +10,12 @@ const char* const kUsage =
     "                   αλλιώς $RAVOLINETTE_HOME, αλλιώς ~/.local/share/ravolinette\n"
     "  --script FILE    εκτέλεση σεναρίου χωρίς οθόνη (έλεγχοι αποδοχής)\n"
     "  --screen WxH     η ανάλυση οθόνης που υποθέτει ένα σενάριο (προεπιλογή 1024x768)\n"
+    "  --recalculate STUDY.sht\n"
+    "                   επανυπολογισμός όλων των φύλλων μιας μελέτης, χωρίς οθόνη· αναφορά\n"
+    "                   ανά φύλλο (κατάσταση εξόδου 0 όλα υπολογίστηκαν, 1 κάποιο φύλλο όχι,\n"
+    "                   2 η μελέτη δεν διαβάζεται)\n"
+    "  --json           η αναφορά του επανυπολογισμού σε JSON, με αριθμούς\n"
+    "  --write          η μελέτη που επανυπολογίστηκε αποθηκεύεται στη θέση της\n"
     "  --help           αυτό το κείμενο\n";
 
 Options ParseOptions(const std::vector<std::string>& args) {
@@ -29,6 +35,12 @@ Options ParseOptions(const std::vector<std::string>& args) {
       value(o.Home);
     } else if (a == "--script") {
       value(o.Script);
+    } else if (a == "--recalculate") {
+      value(o.Recalculate);
+    } else if (a == "--json") {
+      o.Json = true;
+    } else if (a == "--write") {
+      o.Write = true;
     } else if (a == "--screen") {
       std::optional<std::string> size;
       value(size);
@@ -39,5 +51,9 @@ Options ParseOptions(const std::vector<std::string>& args) {
     }
     if (!o.Error.empty()) break;
   }
+  if (o.Error.empty() && (o.Json || o.Write) && !o.Recalculate)
+    o.Error = "οι επιλογές --json και --write συνοδεύουν την --recalculate";
+  if (o.Error.empty() && o.Recalculate && o.Script)
+    o.Error = "οι επιλογές --recalculate και --script δεν συνδυάζονται";
   return o;
 }

@@ -9,10 +9,12 @@
 #include "CommandBoundary.h"
 #include "FrmRavolin.h"
 #include "FrmRavolinView.h"
+#include "InstanceLock.h"
 #include "Options.h"
 #include "QtPlatform.h"
 #include "QtPrompter.h"
 #include "QtScreens.h"
+#include "Recalculate.h"
 #include "RuntimeFault.h"
 #include "ScriptRun.h"
 #include "StudyState.h"
@@ -60,6 +62,11 @@ int RunDesktop(int argc, char** argv, const Options& options) {
   QtPrompter prompter;
   auto ws = OpenWorkspace(options, argv[0], prompter);
   if (!ws) return 2;
+  const InstanceLock lock(ws->Folder());
+  if (!lock.Held()) {
+    prompter.Show(SecondCopyMessage());
+    return 2;
+  }
   Workspace::SetEventPump([] { QCoreApplication::processEvents(); });
   QtPlatform platform;
   StudyState state;
@@ -98,10 +105,21 @@ int main(int argc, char** argv) {
     std::cout << kUsage;
     return 0;
   }
+  if (options.Recalculate) {
+    StderrPrompter prompter;
+    auto ws = OpenWorkspace(options, argv[0], prompter);
+    if (!ws) return 2;
+    return Recalculate(options, *ws, std::cout, std::cerr);
+  }
   if (options.Script) {
     StderrPrompter prompter;
     auto ws = OpenWorkspace(options, argv[0], prompter);
     if (!ws) return 2;
+    const InstanceLock lock(ws->Folder());
+    if (!lock.Held()) {
+      prompter.Show(SecondCopyMessage());
+      return 2;
+    }
     return RunScript(options, *ws, std::cout, std::cerr);
   }
   return RunDesktop(argc, argv, options);

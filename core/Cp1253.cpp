@@ -114,7 +114,13 @@ int UnicodeToCp1253(char32_t ch) {
 std::string Cp1253ToUtf8(std::string_view bytes) {
   std::string out;
   out.reserve(bytes.size() * 2);
-  for (const char byte : bytes) AppendUtf8(out, Cp1253ToUnicode(static_cast<unsigned char>(byte)));
+  for (const char byte : bytes) {
+    const auto b = static_cast<unsigned char>(byte);
+    if (b < 0x80)
+      out.push_back(byte);  // ASCII stands as it is
+    else
+      AppendUtf8(out, Cp1253ToUnicode(b));
+  }
   return out;
 }
 

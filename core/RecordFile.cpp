@@ -145,6 +145,23 @@ bool RawRecordFile::ReadBytes(int32_t n, unsigned char* bytes) const {
   return true;
 }
 
+std::string RawRecordFile::ReadAllBytes(int32_t count) const {
+  std::string bytes(static_cast<std::size_t>(count) * recordLength_, '\0');
+  if (fd_ < 0) return bytes;
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t got =
+        ::pread(fd_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
+    if (got < 0) {
+      if (errno == EINTR) continue;
+      ThrowErrno(errno, path_, "read of the records");
+    }
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  return bytes;
+}
+
 void RawRecordFile::WriteBytes(int32_t n, const unsigned char* bytes) {
   const uint64_t offset = OffsetOf(n, recordLength_, path_);
   if (mode_ == RecordFileMode::ReadOnly) {

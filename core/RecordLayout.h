@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 
 enum class FieldKind : uint8_t { I16, I32, F32, F64, Text, Raw };
@@ -140,6 +141,37 @@ void EncodeRecord(const T& record, unsigned char* bytes) {
         break;
       case FieldKind::Raw:
         PutRaw(p, f.Width, record.*(f.TextMember));
+        break;
+    }
+  }
+}
+
+// The numbers of a record and only the texts named: for scans of whole files, where decoding
+// every text would cost more than the scan itself.
+template <class T>
+void DecodeNumbersAnd(const unsigned char* bytes, T& record,
+                      std::initializer_list<std::string T::*> texts) {
+  using namespace record_codec;
+  for (const auto& f : RecordLayoutOf<T>::Value.Fields) {
+    const unsigned char* p = bytes + f.Offset;
+    switch (f.Kind) {
+      case FieldKind::I16:
+        record.*(f.I16Member) = GetI16(p);
+        break;
+      case FieldKind::I32:
+        record.*(f.I32Member) = GetI32(p);
+        break;
+      case FieldKind::F32:
+        record.*(f.F32Member) = GetF32(p);
+        break;
+      case FieldKind::F64:
+        record.*(f.F64Member) = GetF64(p);
+        break;
+      case FieldKind::Text:
+        for (auto member : texts)
+          if (member == f.TextMember) record.*(f.TextMember) = GetText(p, f.Width);
+        break;
+      case FieldKind::Raw:
         break;
     }
   }

@@ -182,10 +182,14 @@ void WriteThroughSecondFile(const fs::path& file, const std::string& bytes) {
 // What a file holds now, or nullopt when there is none.
 std::optional<std::string> SnapshotOf(const fs::path& file) {
   if (!PathPresent(file)) return std::nullopt;
-  std::ifstream in(file, std::ios::binary);
+  std::ifstream in(file, std::ios::binary | std::ios::ate);
   if (!in) throw RuntimeFault(FaultCode::PermissionDenied, NameOf(file));
-  std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  // In one read: the journal keeps whole working files before every command that writes.
+  std::string bytes(static_cast<std::size_t>(in.tellg()), '\0');
+  in.seekg(0);
+  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   if (in.bad()) throw RuntimeFault(FaultCode::DeviceIo, NameOf(file));
+  bytes.resize(static_cast<std::size_t>(in.gcount()));
   return bytes;
 }
 

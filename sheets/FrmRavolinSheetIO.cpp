@@ -195,14 +195,28 @@ void FrmRavolin::ComputeWaterContent() {
     if (at == families.end()) at = families.emplace(categoryNo, ReadFamilyOf(categoryNo)).first;
     return at->second;
   };
+  // The files are scanned in one read each and only the fields the content needs are decoded;
+  // a record is decoded whole and written only when its bytes change.
+  const std::string sheetBytes = sheets.ReadAllBytes();
+  const std::string loopBytes = loops.ReadAllBytes();
+  const auto bytesOf = [](const std::string& all, int32_t n, std::size_t length) {
+    return reinterpret_cast<const unsigned char*>(all.data()) + (n - 1) * length;
+  };
+  const auto loopCount = static_cast<int32_t>(loopBytes.size() / LoopRecordLayout.RecordLength);
   double litres = 0;
   for (int32_t s = 1; s <= count; ++s) {
-    SheetRecord sheet = sheets.Read(s);
+    SheetRecord sheet;
+    DecodeNumbersAnd(bytesOf(sheetBytes, s, SheetRecordLayout.RecordLength), sheet,
+                     {&SheetRecord::PipeName});
     const std::vector<SomaRecord>& models = familyOf(sheet.SomaCategoryNo);
     LitresPerMetre(sheet.PipeName, litres);
     float water = static_cast<float>(sheet.LoopLength * litres);
     for (int row = 1; row <= kRowsPerSheet; ++row) {
-      LoopRecord record = loops.Read(LoopRecordNumber(s, row));
+      const int32_t number = LoopRecordNumber(s, row);
+      if (number > loopCount) continue;  // a file cut short reads as empty records
+      LoopRecord record;
+      DecodeNumbersAnd(bytesOf(loopBytes, number, LoopRecordLayout.RecordLength), record,
+                       {&LoopRecord::SomaType});
       const SomaRecord* model = nullptr;
       for (const SomaRecord& m : models)
         if (Trim(m.SomaType) == Trim(record.SomaType)) {
@@ -212,10 +226,12 @@ void FrmRavolin::ComputeWaterContent() {
       if (model == nullptr) continue;
       water = static_cast<float>(water + static_cast<double>(model->UnitWater));
       if (record.SomaWater == model->UnitWater) continue;
+      DecodeRecord(bytesOf(loopBytes, number, LoopRecordLayout.RecordLength), record);
       record.SomaWater = model->UnitWater;
-      loops.Write(LoopRecordNumber(s, row), record);
+      loops.Write(number, record);
     }
     if (sheet.WaterContent == water) continue;
+    DecodeRecord(bytesOf(sheetBytes, s, SheetRecordLayout.RecordLength), sheet);
     sheet.WaterContent = water;
     sheets.Write(s, sheet);
   }
@@ -368,10 +384,15 @@ void FrmRavolin::LoadSheet(int16_t sheet) {
   {
     auto loops = ws_.Records<LoopRecord>(kLoopsFile, RecordFileMode::ReadOnly);
     const int32_t count = loops.Count();
+    const std::string bytes = loops.ReadAllBytes();
     for (int32_t n = 1; n <= count; ++n) {
-      const LoopRecord record = loops.Read(n);
+      const auto* at = reinterpret_cast<const unsigned char*>(bytes.data()) +
+                       (n - 1) * LoopRecordLayout.RecordLength;
+      LoopRecord record;
+      DecodeNumbersAnd(at, record, {});
       if (record.SheetNo > sheet) break;
       if (record.SheetNo != sheet) continue;
+      DecodeRecord(at, record);
       PutLoopDataOnScreen(record);
       if (record.RowNo >= 1 && record.RowNo <= kRowsPerSheet) rowsMet[record.RowNo] = true;
     }

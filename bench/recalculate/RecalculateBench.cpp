@@ -1,0 +1,122 @@
+// `ravolinette --recalculate` on a study of 200 sheets as a whole process, beside a process
+// that only copies the same two files (cp). Prints the median of 9 runs of each.
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "CommandBoundary.h"
+#include "FakePlatform.h"
+#include "FrmRavolin.h"
+#include "ScriptedScreens.h"
+#include "TempFolder.h"
+#include "TypeFiles.h"
+
+extern char** environ;
+
+namespace {
+
+// One sheet entered and calculated on the screen, then copied into 200 sheets of a study.
+std::filesystem::path MakeStudy(const TempFolder& home, int sheets) {
+  Workspace ws(home.Path());
+  ws.SetPauseMilliseconds(0);
+  WriteAllBytes(home / "RavoPipes.txt",
+                "\xD6"
+                "16x1\r\n");
+  WriteTypeFile(home / kSectionFamilyFile, 1, kSectionFamilyCategory, SectionModels(1));
+  WriteTypeFile(home / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
+  {
+    StudyState state;
+    ScriptedPrompter prompter;
+    FakePlatform platform;
+    ScriptedScreens screens;
+    CommandBoundary boundary(ws, prompter);
+    FrmRavolin form(ws, state, prompter, platform, boundary, screens);
+    boundary.Run([&] { form.Form_Load(); });
+    for (auto [name, text] :
+         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "24"}})
+      boundary.Run([&] { form.Controls().at(name).Type(text); });
+    const char* loads[] = {"950", "820", "1130", "640", "780", "1010", "560", "870"};
+    for (int row = 1; row <= 8; ++row) {
+      form.Grid.SetText(row, 1, std::to_string(row));
+      form.Grid.SetText(row, 2, loads[row - 1]);
+      form.Grid.SetText(row, 3, "20");
+      form.Grid.SetText(row, 10, "III/905");
+    }
+    KeyStroke f10{KeyCode::F10};
+    boundary.Run([&] { form.Form_KeyDown(f10); });
+    boundary.Run([&] { form.SaveTemporarData(); });
+  }
+  RecordFile<SheetRecord> sheetFile(home / "SHEETS.TMP");
+  RecordFile<LoopRecord> loopFile(home / "LOOPS.TMP");
+  SheetRecord first = sheetFile.Read(1);
+  for (int s = 2; s <= sheets; ++s) {
+    first.SheetNo = static_cast<int16_t>(s);
+    sheetFile.Write(s, first);
+    for (int row = 1; row <= 8; ++row) {
+      LoopRecord r = loopFile.Read(row);
+      r.SheetNo = static_cast<int16_t>(s);
+      loopFile.Write(LoopRecordNumber(s, row), r);
+    }
+  }
+  sheetFile.Close();
+  loopFile.Close();
+  std::filesystem::rename(home / "SHEETS.TMP", home / "RVLFiles" / "Μελέτη.sht");
+  std::filesystem::rename(home / "LOOPS.TMP", home / "RVLFiles" / "Μελέτη.lps");
+  return home / "RVLFiles" / "Μελέτη.sht";
+}
+
+// Runs a process with its output thrown away; the wall time in milliseconds.
+double Run(const std::vector<std::string>& args) {
+  std::vector<char*> argv;
+  for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+  const auto start = std::chrono::steady_clock::now();
+  pid_t pid = 0;
+  if (posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ) != 0)
+    throw std::runtime_error("cannot start " + args[0]);
+  int status = 0;
+  waitpid(pid, &status, 0);
+  const auto end = std::chrono::steady_clock::now();
+  posix_spawn_file_actions_destroy(&actions);
+  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) throw std::runtime_error(args[0] + " failed");
+  return std::chrono::duration<double, std::milli>(end - start).count();
+}
+
+double Median(std::vector<double> times) {
+  std::sort(times.begin(), times.end());
+  return times[times.size() / 2];
+}
+
+}  // namespace
+
+int main() {
+  setenv("RAVOLINETTE_PAUSE_MS", "0", 1);
+  TempFolder home;
+  const auto study = MakeStudy(home, 200);
+  const auto lps = study.parent_path() / "Μελέτη.lps";
+  std::filesystem::create_directory(home / "copy");
+  std::vector<double> recalculate, copy;
+  for (int i = 0; i < 9; ++i) {
+    recalculate.push_back(
+        Run({RAVO_PROGRAM, "--home", home.Path().string(), "--recalculate", study.string()}));
+    copy.push_back(Run({"/bin/cp", study.string(), lps.string(), (home / "copy").string()}));
+  }
+  const double r = Median(recalculate), c = Median(copy);
+  std::printf("study of 200 sheets (%ju + %ju bytes)\n",
+              static_cast<uintmax_t>(std::filesystem::file_size(study)),
+              static_cast<uintmax_t>(std::filesystem::file_size(lps)));
+  std::printf("ravolinette --recalculate   %8.1f ms\n", r);
+  std::printf("cp of the same two files    %8.1f ms\n", c);
+  std::printf("ratio                       %8.1f x\n", r / c);
+  return 0;
+}

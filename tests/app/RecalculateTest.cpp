@@ -1,0 +1,192 @@
+// The batch command line on whole studies, and the lock that keeps a second copy of the
+// program off a program folder.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <sstream>
+
+#include "CommandBoundary.h"
+#include "FakePlatform.h"
+#include "FrmRavolin.h"
+#include "InstanceLock.h"
+#include "Recalculate.h"
+#include "ScriptedScreens.h"
+#include "TempFolder.h"
+#include "TypeFiles.h"
+
+namespace {
+
+class RecalculateTest : public ::testing::Test {
+ protected:
+  RecalculateTest() : ws(home.Path()) {
+    ws.SetPauseMilliseconds(0);
+    WriteAllBytes(home / "RavoPipes.txt",
+                  "\xD6"
+                  "16x1\r\n");
+    WriteTypeFile(home / kSectionFamilyFile, 1, kSectionFamilyCategory, SectionModels(1));
+    WriteTypeFile(home / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
+  }
+  // A study of `sheets` sheets: one entered on the screen and calculated, the others copies of
+  // it with their numbers, as a long study would stand in its files.
+  std::filesystem::path MakeStudy(int sheets) {
+    {
+      StudyState state;
+      ScriptedPrompter prompter;
+      FakePlatform platform;
+      ScriptedScreens screens;
+      CommandBoundary boundary(ws, prompter);
+      FrmRavolin form(ws, state, prompter, platform, boundary, screens);
+      boundary.Run([&] { form.Form_Load(); });
+      for (auto [name, text] :
+           {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "12"}})
+        boundary.Run([&] { form.Controls().at(name).Type(text); });
+      const char* loads[] = {"1000", "800", "650"};
+      for (int row = 1; row <= 3; ++row)
+        for (auto [col, text] : {std::pair{1, std::to_string(row)},
+                                 {2, std::string(loads[row - 1])},
+                                 {3, std::string("20")},
+                                 {10, std::string("II/905")}})
+          boundary.Run([&] { form.Grid_EditCell(row, col, text); });
+      KeyStroke f10{KeyCode::F10};
+      boundary.Run([&] { form.Form_KeyDown(f10); });
+      boundary.Run([&] { form.SaveTemporarData(); });
+    }
+    RecordFile<SheetRecord> sheetFile(home / "SHEETS.TMP");
+    RecordFile<LoopRecord> loopFile(home / "LOOPS.TMP");
+    SheetRecord first = sheetFile.Read(1);
+    for (int s = 2; s <= sheets; ++s) {
+      first.SheetNo = static_cast<int16_t>(s);
+      sheetFile.Write(s, first);
+      for (int row = 1; row <= 8; ++row) {
+        LoopRecord r = loopFile.Read(row);
+        r.SheetNo = static_cast<int16_t>(s);
+        loopFile.Write(LoopRecordNumber(s, row), r);
+      }
+    }
+    sheetFile.Close();
+    loopFile.Close();
+    const auto study = home / "RVLFiles" / "Μελέτη με κενά.sht";
+    std::filesystem::rename(home / "SHEETS.TMP", study);
+    std::filesystem::rename(home / "LOOPS.TMP", home / "RVLFiles" / "Μελέτη με κενά.lps");
+    return study;
+  }
+  int Run(const std::filesystem::path& study, bool json = false, bool write = false) {
+    Options o;
+    o.Recalculate = study.string();
+    o.Json = json;
+    o.Write = write;
+    out.str({});
+    err.str({});
+    return Recalculate(o, ws, out, err);
+  }
+  static int Count(const std::string& text, const std::string& what) {
+    int n = 0;
+    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+      ++n;
+    return n;
+  }
+  TempFolder home;
+  Workspace ws;
+  std::ostringstream out, err;
+};
+
+TEST_F(RecalculateTest, EverySheetIsWorkedAgainAndReportedCellByCell) {
+  const auto study = MakeStudy(2);
+  ASSERT_EQ(Run(study), 0) << err.str();
+  const std::string text = out.str();
+  EXPECT_EQ(Count(text, "ΦΥΛΛΟ\t"), 2);
+  EXPECT_NE(text.find("ΦΥΛΛΟ\t1\tΚ1\tΦΟΡΤΙΟ\t2,450\tΠΑΡΟΧΗ\t122.5\t"), std::string::npos);
+  EXPECT_NE(text.find("\t1\t1000\t20\t1,000\t85.0\t"), std::string::npos);
+  EXPECT_EQ(err.str(), "");
+  // The engineer's working files are not touched by a batch run.
+  EXPECT_FALSE(std::filesystem::exists(home / "SHEETS.TMP"));
+}
+
+TEST_F(RecalculateTest, JsonGivesNumbers) {
+  const auto study = MakeStudy(1);
+  ASSERT_EQ(Run(study, true), 0);
+  const std::string json = out.str();
+  EXPECT_EQ(json.rfind("{\"study\": \"ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ\", \"sheets\": [", 0), 0u);
+  EXPECT_NE(json.find("\"load\": 2450, \"flow\": 122.5"), std::string::npos);
+  EXPECT_NE(json.find("\"inlet\": 85, \"outlet\": 76.83673"), std::string::npos);
+  EXPECT_NE(json.find("\"calculated\": true"), std::string::npos);
+  EXPECT_EQ(json.substr(json.size() - 4), "\n]}\n");
+}
+
+TEST_F(RecalculateTest, WriteSavesTheRecalculatedStudyInPlace) {
+  const auto study = MakeStudy(3);
+  const auto loops = home / "RVLFiles" / "Μελέτη με κενά.lps";
+  const std::string good = ReadAllBytes(loops);
+  {
+    RecordFile<LoopRecord> file(loops);
+    LoopRecord r = file.Read(LoopRecordNumber(2, 1));
+    r.SomaText = "stale";
+    r.SomaOutput = 1;
+    file.Write(LoopRecordNumber(2, 1), r);
+  }
+  ASSERT_EQ(Run(study, false, true), 0);
+  EXPECT_EQ(RecordFile<LoopRecord>(loops).Read(LoopRecordNumber(2, 1)).SomaText, "11/II/905");
+  EXPECT_EQ(ReadAllBytes(loops), good);
+}
+
+TEST_F(RecalculateTest, ASheetThatDoesNotCalculateIsReportedWithItsMessage) {
+  const auto study = MakeStudy(2);
+  {
+    RecordFile<SheetRecord> file(study);
+    SheetRecord r = file.Read(2);
+    r.Ownership = "";
+    file.Write(2, r);
+  }
+  EXPECT_EQ(Run(study), 1);
+  EXPECT_NE(out.str().find("ΜΗΝΥΜΑ\t!! ΠΡΟΣΟΧΗ !! | ... ΔΕΝ ΕΧΕΤΕ ΚΑΤΑΧΩΡΗΣΕΙ ΤΗΝ ΙΔΙΟΚΤΗΣΙΑ"),
+            std::string::npos);
+}
+
+TEST_F(RecalculateTest, AStudyOfTwoHundredSheets) {
+  const auto study = MakeStudy(200);
+  ASSERT_EQ(Run(study, true), 0) << err.str();
+  EXPECT_EQ(Count(out.str(), "\"calculated\": true"), 200);
+}
+
+TEST_F(RecalculateTest, AFileThatIsNoStudyEndsWithStatusTwoAndAMessage) {
+  const auto text = home / "RVLFiles" / "σημειώσεις.sht";
+  WriteAllBytes(text, "όχι μελέτη\n");
+  WriteAllBytes(home / "RVLFiles" / "σημειώσεις.lps", "");
+  EXPECT_EQ(Run(text), 2);
+  EXPECT_NE(err.str().find("ΔΕΝ είναι αρχείο Μελέτης"), std::string::npos);
+  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(Run(home / "RVLFiles" / "λείπει.sht"), 2);
+  EXPECT_NE(err.str().find("ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ"), std::string::npos);
+}
+
+TEST(InstanceLockTest, ASecondCopyIsRefusedUntilTheFirstEnds) {
+  TempFolder home;
+  {
+    InstanceLock first(home.Path());
+    ASSERT_TRUE(first.Held());
+    InstanceLock second(home.Path());
+    EXPECT_FALSE(second.Held());
+    EXPECT_EQ(SecondCopyMessage().Title, "!! ΠΡΟΣΟΧΗ !!");
+  }
+  InstanceLock again(home.Path());
+  EXPECT_TRUE(again.Held());
+}
+
+TEST(InstanceLockTest, ALockLeftByACopyThatCrashedIsTakenOver) {
+  TempFolder home;
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    InstanceLock crashed(home.Path());
+    _exit(crashed.Held() ? 0 : 1);  // ends without letting the lock go
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_EQ(WEXITSTATUS(status), 0);
+  ASSERT_TRUE(std::filesystem::exists(home / InstanceLock::kLockFile));
+  InstanceLock next(home.Path());
+  EXPECT_TRUE(next.Held());
+}
+
+}  // namespace
