@@ -178,10 +178,6 @@ Control ListControl(ListBox& list, std::function<void()> click) {
   c.Entries = [&list] { return list.Items; };
   c.Enabled = [&list] { return list.Enabled; };
   c.Visible = [&list] { return list.Visible; };
-  c.GetText = [&list] {
-    const int i = list.SelectedIndex();
-    return i >= 0 ? list.Items[i] : std::string();
-  };
   c.Select = [&list, click](const std::vector<std::string>& entries) {
     list.Selected.assign(list.Items.size(), false);
     for (std::size_t i = 0; i < list.Items.size(); ++i)
