@@ -7,11 +7,14 @@
 #include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include "FakePlatform.h"
+#include "FrmOldStudyView.h"
+#include "FrmOpenSave_MView.h"
 #include "FrmRavoAddView.h"
 #include "FrmRavoSheetsView.h"
 #include "FrmRavolinView.h"
@@ -287,6 +290,35 @@ TEST_F(ViewTest, TheSheetsListSelectsThroughTheLogicAndCopies) {
   EXPECT_TRUE(sheets.Copied);
   EXPECT_EQ(logic.Grid.Text(1, 2), "750");
   EXPECT_EQ(logic.Grid.Text(1, 10), "II/655");
+}
+
+TEST_F(ViewTest, TheOldStudyQuestionAnswersThroughTheLogic) {
+  FrmOldStudy old(logic, ws);
+  FrmOldStudyView dialog(old, boundary, &view);
+  dialog.show();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  EXPECT_LE(dialog.frameGeometry().width(), 1024);
+  auto* list = dialog.findChild<QListWidget*>(QStringLiteral("List1"));
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(list->count(), 5);
+  WriteAllBytes(folder / "SHEETS.TMP", std::string(196, '\0'));
+  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("Command2")), Qt::LeftButton);
+  EXPECT_TRUE(old.Closed());
+  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
+}
+
+TEST_F(ViewTest, TheStudyBrowserShowsTheStudiesAndTheirFile) {
+  SheetRecord first;
+  first.SheetNo = 1;
+  first.Thema = "Πολυκατοικία οδού Ερμού";
+  RecordFile<SheetRecord>(folder / "RVLFiles" / "Ερμού.sht").Write(1, first);
+  FrmOpenSave_M browser(logic, ws, state);
+  FrmOpenSave_MView dialog(browser, boundary, &view);
+  ASSERT_EQ(dialog.List()->count(), 1);
+  EXPECT_EQ(dialog.List()->item(0)->text(), QStringLiteral("(0001.) Πολυκατοικία οδού Ερμού"));
+  dialog.List()->setCurrentRow(0);
+  EXPECT_EQ(browser.LblFileName.Text, "Ερμού.sht");
+  EXPECT_FALSE(browser.Closed());
 }
 
 }  // namespace

@@ -147,6 +147,28 @@ TEST_F(StudyFileTest, ClosingAfterASaveAsksNothing) {
   EXPECT_TRUE(prompter.History().empty());
 }
 
+TEST_F(StudyFileTest, ASaveIntoAFolderThatIsNotThereFailsCleanly) {
+  CalculatedSheet();
+  platform.FileAnswers.push_back(Study("Χαμένος φάκελος/Ζ.sht"));
+  const std::string sheets = Bytes(folder / "SHEETS.TMP");
+  const std::string size = form->Grid.Text(1, 11);
+  CtrlS();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
+  EXPECT_FALSE(std::filesystem::exists(Study("Χαμένος φάκελος")));
+  EXPECT_EQ(Bytes(folder / "SHEETS.TMP"), sheets);
+  EXPECT_EQ(form->Grid.Text(1, 11), size);
+  EXPECT_EQ(size, "12/II/905");
+}
+
+TEST_F(StudyFileTest, ASubjectOutsideTheCodePageIsSavedWithItsOtherCharactersWhole) {
+  Type("TxtThema", "Μελέτη ☺ Α");
+  CalculatedSheet();
+  platform.FileAnswers.push_back(Study("Η"));
+  CtrlS();
+  EXPECT_EQ(RecordFile<SheetRecord>(Study("Η.sht")).Read(1).Thema, "Μελέτη ? Α");
+}
+
 // ---- Opening --------------------------------------------------------------------------------
 
 class OpenStudyTest : public StudyFileTest {
