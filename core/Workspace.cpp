@@ -432,11 +432,11 @@ void Workspace::Rewrite(std::string_view name, const std::function<void(const fs
       if (!empty) throw RuntimeFault(FaultCode::PermissionDenied, std::string(name));
     }
     Pause();
+    ReplaceWithSecondFile(second, target);
   } catch (...) {
-    fs::remove(second, ec);
+    fs::remove(second, ec);  // a second file never outlives a failed rewrite
     throw;
   }
-  ReplaceWithSecondFile(second, target);
 }
 
 void Workspace::CopySafely(std::string_view from, std::string_view to) {

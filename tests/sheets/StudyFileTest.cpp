@@ -169,6 +169,33 @@ TEST_F(StudyFileTest, ASubjectOutsideTheCodePageIsSavedWithItsOtherCharactersWho
   EXPECT_EQ(RecordFile<SheetRecord>(Study("Η.sht")).Read(1).Thema, "Μελέτη ? Α");
 }
 
+// The disk fills while the second file of the .lps is written: the study on disk stays the
+// older one, whole, and the engineer is told.
+TEST_F(StudyFileTest, ADiskFullDuringASaveLeavesTheStudyOnDiskWhole) {
+  CalculatedSheet();
+  platform.FileAnswers.push_back(Study("Θ"));
+  CtrlS();
+  const std::string oldSheets = Bytes(Study("Θ.sht"));
+  const std::string oldLoops = Bytes(Study("Θ.lps"));
+  Cell(1, 2, "650");
+  Key(KeyCode::F10);
+  prompter.Clear();
+  int steps = 0;
+  Workspace::SetRewriteStepHook([&](int step) {
+    if (step == 1 && ++steps == 2) throw RuntimeFault(FaultCode::DiskFull, "Θ.lps");
+  });
+  platform.FileAnswers.push_back(Study("Θ"));
+  CtrlS();
+  Workspace::SetRewriteStepHook(nullptr);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
+  EXPECT_EQ(Bytes(Study("Θ.sht")), oldSheets);  // the journal put the first file back too
+  EXPECT_EQ(Bytes(Study("Θ.lps")), oldLoops);
+  for (const auto& entry : std::filesystem::directory_iterator(folder / "RVLFiles"))
+    EXPECT_EQ(entry.path().string().find(".@@@"), std::string::npos) << entry.path();
+  EXPECT_EQ(state.StudyChanged, -1);
+}
+
 // ---- Opening --------------------------------------------------------------------------------
 
 class OpenStudyTest : public StudyFileTest {
