@@ -146,11 +146,10 @@ void EncodeRecord(const T& record, unsigned char* bytes) {
   }
 }
 
-// The numbers of a record and only the texts named: for scans of whole files, where decoding
-// every text would cost more than the scan itself.
-template <class T>
-void DecodeNumbersAnd(const unsigned char* bytes, T& record,
-                      std::initializer_list<std::string T::*> texts) {
+// Decodes the numbers of a record, the texts that `wantText` accepts (by member), and the
+// reserved bytes when `withRaw`.
+template <class T, class WantText>
+void DecodeFields(const unsigned char* bytes, T& record, WantText wantText, bool withRaw) {
   using namespace record_codec;
   for (const auto& f : RecordLayoutOf<T>::Value.Fields) {
     const unsigned char* p = bytes + f.Offset;
@@ -168,10 +167,10 @@ void DecodeNumbersAnd(const unsigned char* bytes, T& record,
         record.*(f.F64Member) = GetF64(p);
         break;
       case FieldKind::Text:
-        for (auto member : texts)
-          if (member == f.TextMember) record.*(f.TextMember) = GetText(p, f.Width);
+        if (wantText(f.TextMember)) record.*(f.TextMember) = GetText(p, f.Width);
         break;
       case FieldKind::Raw:
+        if (withRaw) record.*(f.TextMember) = GetRaw(p, f.Width);
         break;
     }
   }
@@ -179,28 +178,19 @@ void DecodeNumbersAnd(const unsigned char* bytes, T& record,
 
 template <class T>
 void DecodeRecord(const unsigned char* bytes, T& record) {
-  using namespace record_codec;
-  for (const auto& f : RecordLayoutOf<T>::Value.Fields) {
-    const unsigned char* p = bytes + f.Offset;
-    switch (f.Kind) {
-      case FieldKind::I16:
-        record.*(f.I16Member) = GetI16(p);
-        break;
-      case FieldKind::I32:
-        record.*(f.I32Member) = GetI32(p);
-        break;
-      case FieldKind::F32:
-        record.*(f.F32Member) = GetF32(p);
-        break;
-      case FieldKind::F64:
-        record.*(f.F64Member) = GetF64(p);
-        break;
-      case FieldKind::Text:
-        record.*(f.TextMember) = GetText(p, f.Width);
-        break;
-      case FieldKind::Raw:
-        record.*(f.TextMember) = GetRaw(p, f.Width);
-        break;
-    }
-  }
+  DecodeFields(
+      bytes, record, [](std::string T::*) { return true; }, true);
+}
+
+// The numbers of a record and only the texts named: for scans of whole files, where decoding
+// every text would cost more than the scan itself.
+template <class T>
+void DecodeNumbersAnd(const unsigned char* bytes, T& record,
+                      std::initializer_list<std::string T::*> texts) {
+  DecodeFields(
+      bytes, record,
+      [&](std::string T::*member) {
+        return std::find(texts.begin(), texts.end(), member) != texts.end();
+      },
+      false);
 }

@@ -518,6 +518,27 @@ void Workspace::BeforeModify(const fs::path& file) {
 
 // ---- Working files ----------------------------------------------------------------------------
 
+const std::vector<std::string>& NetworkFileNames() {
+  static const std::vector<std::string> names{"EDGE_DOUBLEFLOORS.TMP",
+                                              "INTER_DOUBLEFLOORS.TMP",
+                                              "EDGE_FINALFLOORS.TMP",
+                                              "INTER_FINALFLOORS.TMP",
+                                              "EDGE_SHEETSNODES.TMP",
+                                              "INTER_SHEETSNODES.TMP",
+                                              "RECNOFFF.TXT",
+                                              "LEVEL_SHEETS.TXT",
+                                              "LEVELSHEETS_TECH.TXT",
+                                              "TMP.TMP",
+                                              "DATARES.TMP",
+                                              "SOMATA.@@@",
+                                              "SOMATA.TMP",
+                                              "STATIST.TMP",
+                                              "SectionsFlows.txt",
+                                              "LIQUID.TMP",
+                                              "EDGE.TMP"};
+  return names;
+}
+
 const std::vector<std::string>& WorkingFileNames() {
   // clang-format off
   static const std::vector<std::string> names{

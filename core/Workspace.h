@@ -115,6 +115,9 @@ class Workspace : public FileJournal {
 
 // The working files, in the order in which KillRavoTemporaries deletes them.
 const std::vector<std::string>& WorkingFileNames();
+// The files of the levels' derived network and its results, in the order in which they are
+// deleted when the sheets under them change (a sheet deleted, a study revived).
+const std::vector<std::string>& NetworkFileNames();
 // Deletes every working file that exists, in the order of the table.
 void KillRavoTemporaries(Workspace& ws);
 // Renames the pictures of "GMI/" from one extension to another (".rvo" <-> ".jpg"), as the

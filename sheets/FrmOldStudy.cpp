@@ -40,29 +40,6 @@ std::vector<std::string> CentredLines() {
 
 }  // namespace
 
-const std::vector<std::string>& FrmOldStudy::UselessFiles() {
-  static const std::vector<std::string> files = {"Studies.std",
-                                                 "DUMMY.TMP",
-                                                 "EDGE_DOUBLEFLOORS.TMP",
-                                                 "INTER_DOUBLEFLOORS.TMP",
-                                                 "EDGE_FINALFLOORS.TMP",
-                                                 "INTER_FINALFLOORS.TMP",
-                                                 "EDGE_SHEETSNODES.TMP",
-                                                 "INTER_SHEETSNODES.TMP",
-                                                 "RECNOFFF.TXT",
-                                                 "LEVEL_SHEETS.TXT",
-                                                 "LEVELSHEETS_TECH.TXT",
-                                                 "TMP.TMP",
-                                                 "DATARES.TMP",
-                                                 "SOMATA.@@@",
-                                                 "SOMATA.TMP",
-                                                 "STATIST.TMP",
-                                                 "SectionsFlows.txt",
-                                                 "LIQUID.TMP",
-                                                 "EDGE.TMP"};
-  return files;
-}
-
 FrmOldStudy::FrmOldStudy(FrmRavolin& main, Workspace& workspace) : main_(main), ws_(workspace) {
   List1.SetItems(CentredLines());
   Lbl_Wait.Visible = false;
@@ -77,7 +54,10 @@ FrmOldStudy::FrmOldStudy(FrmRavolin& main, Workspace& workspace) : main_(main), 
 void FrmOldStudy::Command1_Click() {
   Lbl_Wait.Visible = true;
   main_.OpeningOld();
-  for (const std::string& name : UselessFiles()) ws_.Delete(name);
+  // What a revived study does not need: the sheets, the levels and the working copy stay, the
+  // derived network is built again.
+  for (const char* name : {"Studies.std", "DUMMY.TMP"}) ws_.Delete(name);
+  for (const std::string& name : NetworkFileNames()) ws_.Delete(name);
   closed_ = true;
 }
 

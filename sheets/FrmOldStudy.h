@@ -24,8 +24,6 @@ class FrmOldStudy : public ScriptScreen {
   // Yes: the study comes back on the main screen; no: the working files go.
   void Command1_Click();
   void Command2_Click();
-  // The files a revived study does not need, deleted where they exist.
-  static const std::vector<std::string>& UselessFiles();
 
   std::string ScreenName() const override { return "FrmOldStudy"; }
   ControlMap& Controls() override { return controls_; }

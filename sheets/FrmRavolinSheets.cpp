@@ -7,29 +7,6 @@
 
 namespace {
 
-// Everything derived from the sheets: a deleted loop invalidates the levels and the network.
-const std::vector<std::string>& DerivedFiles() {
-  static const std::vector<std::string> files = {"RAVOFLOORS.TMP",
-                                                 "EDGE_DOUBLEFLOORS.TMP",
-                                                 "INTER_DOUBLEFLOORS.TMP",
-                                                 "EDGE_FINALFLOORS.TMP",
-                                                 "INTER_FINALFLOORS.TMP",
-                                                 "EDGE_SHEETSNODES.TMP",
-                                                 "INTER_SHEETSNODES.TMP",
-                                                 "RECNOFFF.TXT",
-                                                 "LEVEL_SHEETS.TXT",
-                                                 "LEVELSHEETS_TECH.TXT",
-                                                 "TMP.TMP",
-                                                 "DATARES.TMP",
-                                                 "SOMATA.@@@",
-                                                 "SOMATA.TMP",
-                                                 "STATIST.TMP",
-                                                 "SectionsFlows.txt",
-                                                 "LIQUID.TMP",
-                                                 "EDGE.TMP"};
-  return files;
-}
-
 // Copies every record of `name` except those `keep` refuses into "~" + name, renumbered by
 // `renumber`, then puts the copy in place of the file.
 template <class Record, class Keep, class Renumber>
@@ -82,7 +59,9 @@ void FrmRavolin::CmdDeleteSheet_Click() {
   DeleteSpreadData();
   LoadSheet(next);
   st_.StudyChanged = -1;
-  for (const std::string& name : DerivedFiles()) ws_.Delete(name);
+  // A deleted loop invalidates the levels and the whole network work of the study.
+  ws_.Delete("RAVOFLOORS.TMP");
+  for (const std::string& name : NetworkFileNames()) ws_.Delete(name);
   FocusTarget = "Grid";
 }
 

@@ -11,66 +11,12 @@
 #include <string>
 #include <vector>
 
-#include "CommandBoundary.h"
-#include "FakePlatform.h"
-#include "FrmRavolin.h"
-#include "ScriptedScreens.h"
+#include "StudyMaker.h"
 #include "TempFolder.h"
-#include "TypeFiles.h"
 
 extern char** environ;
 
 namespace {
-
-// One sheet entered and calculated on the screen, then copied into 200 sheets of a study.
-std::filesystem::path MakeStudy(const TempFolder& home, int sheets) {
-  Workspace ws(home.Path());
-  ws.SetPauseMilliseconds(0);
-  WriteAllBytes(home / "RavoPipes.txt",
-                "\xD6"
-                "16x1\r\n");
-  WriteTypeFile(home / kSectionFamilyFile, 1, kSectionFamilyCategory, SectionModels(1));
-  WriteTypeFile(home / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
-  {
-    StudyState state;
-    ScriptedPrompter prompter;
-    FakePlatform platform;
-    ScriptedScreens screens;
-    CommandBoundary boundary(ws, prompter);
-    FrmRavolin form(ws, state, prompter, platform, boundary, screens);
-    boundary.Run([&] { form.Form_Load(); });
-    for (auto [name, text] :
-         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "24"}})
-      boundary.Run([&] { form.Controls().at(name).Type(text); });
-    const char* loads[] = {"950", "820", "1130", "640", "780", "1010", "560", "870"};
-    for (int row = 1; row <= 8; ++row) {
-      form.Grid.SetText(row, 1, std::to_string(row));
-      form.Grid.SetText(row, 2, loads[row - 1]);
-      form.Grid.SetText(row, 3, "20");
-      form.Grid.SetText(row, 10, "III/905");
-    }
-    KeyStroke f10{KeyCode::F10};
-    boundary.Run([&] { form.Form_KeyDown(f10); });
-    boundary.Run([&] { form.SaveTemporarData(); });
-  }
-  RecordFile<SheetRecord> sheetFile(home / "SHEETS.TMP");
-  RecordFile<LoopRecord> loopFile(home / "LOOPS.TMP");
-  SheetRecord first = sheetFile.Read(1);
-  for (int s = 2; s <= sheets; ++s) {
-    first.SheetNo = static_cast<int16_t>(s);
-    sheetFile.Write(s, first);
-    for (int row = 1; row <= 8; ++row) {
-      LoopRecord r = loopFile.Read(row);
-      r.SheetNo = static_cast<int16_t>(s);
-      loopFile.Write(LoopRecordNumber(s, row), r);
-    }
-  }
-  sheetFile.Close();
-  loopFile.Close();
-  std::filesystem::rename(home / "SHEETS.TMP", home / "RVLFiles" / "Μελέτη.sht");
-  std::filesystem::rename(home / "LOOPS.TMP", home / "RVLFiles" / "Μελέτη.lps");
-  return home / "RVLFiles" / "Μελέτη.sht";
-}
 
 // Runs a process with its output thrown away; the wall time in milliseconds.
 double Run(const std::vector<std::string>& args) {
@@ -102,7 +48,11 @@ double Median(std::vector<double> times) {
 int main() {
   setenv("RAVOLINETTE_PAUSE_MS", "0", 1);
   TempFolder home;
-  const auto study = MakeStudy(home, 200);
+  Workspace ws(home.Path());
+  ws.SetPauseMilliseconds(0);
+  WriteStartFiles(home.Path());
+  const auto study = MakeStudyOfCopies(
+      ws, "Μελέτη", 200, {"950", "820", "1130", "640", "780", "1010", "560", "870"}, "III/905");
   const auto lps = study.parent_path() / "Μελέτη.lps";
   std::filesystem::create_directory(home / "copy");
   std::vector<double> recalculate, copy;

@@ -12,8 +12,8 @@
 #include "InstanceLock.h"
 #include "Recalculate.h"
 #include "ScriptedScreens.h"
+#include "StudyMaker.h"
 #include "TempFolder.h"
-#include "TypeFiles.h"
 
 namespace {
 
@@ -21,55 +21,10 @@ class RecalculateTest : public ::testing::Test {
  protected:
   RecalculateTest() : ws(home.Path()) {
     ws.SetPauseMilliseconds(0);
-    WriteAllBytes(home / "RavoPipes.txt",
-                  "\xD6"
-                  "16x1\r\n");
-    WriteTypeFile(home / kSectionFamilyFile, 1, kSectionFamilyCategory, SectionModels(1));
-    WriteTypeFile(home / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
+    WriteStartFiles(home.Path());
   }
-  // A study of `sheets` sheets: one entered on the screen and calculated, the others copies of
-  // it with their numbers, as a long study would stand in its files.
   std::filesystem::path MakeStudy(int sheets) {
-    {
-      StudyState state;
-      ScriptedPrompter prompter;
-      FakePlatform platform;
-      ScriptedScreens screens;
-      CommandBoundary boundary(ws, prompter);
-      FrmRavolin form(ws, state, prompter, platform, boundary, screens);
-      boundary.Run([&] { form.Form_Load(); });
-      for (auto [name, text] :
-           {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "12"}})
-        boundary.Run([&] { form.Controls().at(name).Type(text); });
-      const char* loads[] = {"1000", "800", "650"};
-      for (int row = 1; row <= 3; ++row)
-        for (auto [col, text] : {std::pair{1, std::to_string(row)},
-                                 {2, std::string(loads[row - 1])},
-                                 {3, std::string("20")},
-                                 {10, std::string("II/905")}})
-          boundary.Run([&] { form.Grid_EditCell(row, col, text); });
-      KeyStroke f10{KeyCode::F10};
-      boundary.Run([&] { form.Form_KeyDown(f10); });
-      boundary.Run([&] { form.SaveTemporarData(); });
-    }
-    RecordFile<SheetRecord> sheetFile(home / "SHEETS.TMP");
-    RecordFile<LoopRecord> loopFile(home / "LOOPS.TMP");
-    SheetRecord first = sheetFile.Read(1);
-    for (int s = 2; s <= sheets; ++s) {
-      first.SheetNo = static_cast<int16_t>(s);
-      sheetFile.Write(s, first);
-      for (int row = 1; row <= 8; ++row) {
-        LoopRecord r = loopFile.Read(row);
-        r.SheetNo = static_cast<int16_t>(s);
-        loopFile.Write(LoopRecordNumber(s, row), r);
-      }
-    }
-    sheetFile.Close();
-    loopFile.Close();
-    const auto study = home / "RVLFiles" / "Μελέτη με κενά.sht";
-    std::filesystem::rename(home / "SHEETS.TMP", study);
-    std::filesystem::rename(home / "LOOPS.TMP", home / "RVLFiles" / "Μελέτη με κενά.lps");
-    return study;
+    return MakeStudyOfCopies(ws, "Μελέτη με κενά", sheets, {"1000", "800", "650"}, "II/905");
   }
   int Run(const std::filesystem::path& study, bool json = false, bool write = false) {
     Options o;

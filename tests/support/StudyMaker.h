@@ -1,0 +1,66 @@
+#pragma once
+// A study in RVLFiles/ of a program folder for tests and benchmarks: one sheet entered on the
+// screen and calculated, the others copies of it with their own numbers, as a long study
+// stands in its files.
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "CommandBoundary.h"
+#include "FakePlatform.h"
+#include "FrmRavolin.h"
+#include "ScriptedScreens.h"
+#include "TypeFiles.h"
+
+// The pipe list and the family with sections of a program folder.
+inline void WriteStartFiles(const std::filesystem::path& folder) {
+  std::ofstream(folder / "RavoPipes.txt", std::ios::binary) << "\xD6"
+                                                               "16x1\r\n";
+  WriteTypeFile(folder / kSectionFamilyFile, 1, kSectionFamilyCategory, SectionModels(1));
+  WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
+}
+
+inline std::filesystem::path MakeStudyOfCopies(Workspace& ws, const std::string& name, int sheets,
+                                               const std::vector<std::string>& loads,
+                                               const std::string& model) {
+  {
+    StudyState state;
+    ScriptedPrompter prompter;
+    FakePlatform platform;
+    ScriptedScreens screens;
+    CommandBoundary boundary(ws, prompter);
+    FrmRavolin form(ws, state, prompter, platform, boundary, screens);
+    boundary.Run([&] { form.Form_Load(); });
+    for (auto [control, text] :
+         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "12"}})
+      boundary.Run([&] { form.Controls().at(control).Type(text); });
+    for (int row = 1; row <= static_cast<int>(loads.size()); ++row)
+      for (auto [col, text] : {std::pair{1, std::to_string(row)},
+                               {2, loads[row - 1]},
+                               {3, std::string("20")},
+                               {10, model}})
+        boundary.Run([&] { form.Grid_EditCell(row, col, text); });
+    KeyStroke f10{KeyCode::F10};
+    boundary.Run([&] { form.Form_KeyDown(f10); });
+    boundary.Run([&] { form.SaveTemporarData(); });
+  }
+  {
+    RecordFile<SheetRecord> sheetFile(ws.PathOf("SHEETS.TMP"));
+    RecordFile<LoopRecord> loopFile(ws.PathOf("LOOPS.TMP"));
+    SheetRecord first = sheetFile.Read(1);
+    for (int s = 2; s <= sheets; ++s) {
+      first.SheetNo = static_cast<int16_t>(s);
+      sheetFile.Write(s, first);
+      for (int row = 1; row <= kRowsPerSheet; ++row) {
+        LoopRecord r = loopFile.Read(row);
+        r.SheetNo = static_cast<int16_t>(s);
+        loopFile.Write(LoopRecordNumber(s, row), r);
+      }
+    }
+  }
+  const auto study = ws.PathOf("RVLFiles/" + name + ".sht");
+  std::filesystem::rename(ws.PathOf("SHEETS.TMP"), study);
+  std::filesystem::rename(ws.PathOf("LOOPS.TMP"), ws.PathOf("RVLFiles/" + name + ".lps"));
+  return study;
+}
