@@ -2,6 +2,7 @@
 //   make-data-files text IN OUT    a UTF-8 list (lines starting with "#" are comments) becomes
 //                                  a code page 1253 text with one entry a line (CRLF, as the
 //                                  engineers' files have it)
+//   make-data-files clients IN OUT  the engineer names, one a line, become CLIENTS.zfo
 //   make-data-files somata IN OUT...
 //                                  the source of one radiator family (see SomataSource.h)
 //                                  becomes its type file, 331-byte records; every OUT gets
@@ -14,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "ClientRecord.h"
 #include "Cp1253.h"
 #include "SomataSource.h"
 
@@ -85,14 +87,36 @@ int MakeSomata(const std::string& in, const std::vector<std::string>& outs) {
   return 0;
 }
 
+// One engineer name a line; the list ships without a password.
+int MakeClients(const std::string& in, const std::string& out) {
+  std::string text;
+  if (!ReadSource(in, text)) return 1;
+  ClientList list;
+  for (const std::string& line : SourceLines(text)) {
+    if (!IsCp1253Representable(line) || Utf8ToCp1253(line).size() > kClientNameWidth) {
+      std::cerr << "make-data-files: " << in << ": not a name of code page 1253 up to "
+                << kClientNameWidth << " characters: " << line << '\n';
+      return 1;
+    }
+    list.Names.push_back(line);
+  }
+  if (list.Names.empty()) {
+    std::cerr << "make-data-files: " << in << ": the list needs a first name\n";
+    return 1;
+  }
+  return WriteTarget(out, EncodeClients(list)) ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + 1, argv + argc);
   if (args.size() == 3 && args[0] == "text") return MakeText(args[1], args[2]);
+  if (args.size() == 3 && args[0] == "clients") return MakeClients(args[1], args[2]);
   if (args.size() >= 3 && args[0] == "somata")
     return MakeSomata(args[1], std::vector<std::string>(args.begin() + 2, args.end()));
   std::cerr << "usage: make-data-files text IN OUT\n"
-               "       make-data-files somata IN OUT...\n";
+               "       make-data-files somata IN OUT...\n"
+               "       make-data-files clients IN OUT\n";
   return 2;
 }
