@@ -34,10 +34,10 @@ class BatchScreens : public Screens {
 class TemporaryWorkspace {
  public:
   explicit TemporaryWorkspace(const Workspace& home) {
-    std::string pattern = (fs::temp_directory_path() / "ravolinette-XXXXXX").string();
-    if (!mkdtemp(pattern.data()))
+    std::string name = (fs::temp_directory_path() / "ravolinette-XXXXXX").string();
+    if (!mkdtemp(name.data()))
       throw RuntimeFault(FaultCode::PermissionDenied, fs::temp_directory_path().string());
-    folder_ = pattern;
+    folder_ = name;
     workspace_ = std::make_unique<Workspace>(folder_);
     workspace_->SetPauseMilliseconds(0);
     for (const auto& pattern : {"RavoPipes.txt", "*.ths", "~Basic.dl"})

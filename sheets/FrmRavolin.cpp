@@ -211,6 +211,13 @@ void FrmRavolin::LookForStudyLeftBehind() {
   if (sheetsWithoutRows || emptySheets) KillRavoTemporaries(ws_);
 }
 
+bool FrmRavolin::AskYes(int16_t code) {
+  RavoMessages(code, prompter_, st_);
+  const bool yes = st_.LastAnswer == "YES";
+  st_.LastAnswer.clear();
+  return yes;
+}
+
 void FrmRavolin::Form_Unload() {
   if (Grid.DataRowCount() > 0) OfferToSave();
   KillRavoTemporaries(ws_);

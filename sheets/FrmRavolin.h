@@ -4,6 +4,7 @@
 // controls.
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -217,6 +218,8 @@ class FrmRavolin : public ScriptScreen {
   void SwapRows(int row, int other);
   // Asks message -5 on a calculated sheet; true when the command may go on (results discarded).
   bool DiscardAfterQuestion();
+  // Shows the question of a code; true on "YES". LastAnswer is read and emptied here.
+  bool AskYes(int16_t code);
   // The header values that every record of the sheet carries, as SaveTemporarData reads them.
   struct SheetHeader {
     std::string Thema, Ownership, LoopNo, PipeName;
@@ -232,9 +235,14 @@ class FrmRavolin : public ScriptScreen {
   void TakeFamilyOfSheet();
   void RemoveSheetFromFiles(int16_t sheet);
   void TakeFamilyInUse();
-  void OfferToSave();
+  // The first type file whose family number is `categoryNo`, with its first record.
+  std::optional<std::string> FamilyFileOf(float categoryNo, SomaRecord* first = nullptr);
+  void SelectFamilyOf(const SomaRecord& first);
+  bool OfferToSave();
   bool LooksLikeAStudy(const std::string& fileName);
   void SheetNumberDisagrees(int16_t sheet, int16_t written);
+  SheetRecord PutSheetRecordOnScreen(int16_t sheet);
+  std::vector<bool> PutLoopsOfSheetOnScreen(int16_t sheet);
   bool LeaveEmptySheet(int16_t target);
   void GoBackTo(int16_t target, bool alreadyThere);
   // Velocity (m/s) and specific resistance (mm/m) of a flow (l/h) in the first pipe of the

@@ -111,9 +111,7 @@ void FrmRavolin::CmdAddSpaces_Click() {
 
 // Message -5 on a calculated sheet: "YES" discards the results with the loop's figures.
 bool FrmRavolin::DiscardAfterQuestion() {
-  RavoMessages(-5, prompter_, st_);
-  const bool yes = st_.LastAnswer == "YES";
-  st_.LastAnswer.clear();
+  const bool yes = AskYes(-5);
   FocusTarget = "Grid";
   if (yes) DiscardResults(true);
   return yes;
@@ -125,10 +123,7 @@ void FrmRavolin::CmdRemoveSpaces_Click() {
     const int row = Grid.ActiveRow();
     const int rows = Grid.DataRowCount();
     if (rows == 0 || row > rows) return;
-    RavoMessages(-9, prompter_, st_);
-    const bool yes = st_.LastAnswer == "YES";
-    st_.LastAnswer.clear();
-    if (!yes) return;
+    if (!AskYes(-9)) return;
     if (st_.Calculated != 0) DiscardResults(false);
     SaveTemporarData();
     Grid.DeleteRow(row);

@@ -2,6 +2,7 @@
 // numbers, CboSomata, the working copy "ThisSomataFile.tmp" that every sizing reads, and the
 // model lists of column 10.
 #include <algorithm>
+#include <optional>
 
 #include "Checked.h"
 #include "Cp1253.h"
@@ -133,6 +134,23 @@ void FrmRavolin::GetListIndex(const std::string& name, int16_t& index) {
   }
 }
 
+std::optional<std::string> FrmRavolin::FamilyFileOf(float categoryNo, SomaRecord* first) {
+  for (const std::string& name : ws_.ListFiles("", kTypeFilePattern)) {
+    const SomaRecord record = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly).Read(1);
+    if (record.CategoryNo != categoryNo) continue;
+    if (first != nullptr) *first = record;
+    return name;
+  }
+  return std::nullopt;
+}
+
+// The entry of a family file in CboSomata, selected as the program selects it.
+void FrmRavolin::SelectFamilyOf(const SomaRecord& first) {
+  int16_t index = 0;
+  GetListIndex(DisplayCategory(first.Category), index);
+  SelectFamilyQuietly(index);
+}
+
 // An entry chosen by the program: the change handler only takes the working copy.
 void FrmRavolin::SelectFamilyQuietly(int index) {
   CboSomataSetByProgram = true;
@@ -161,10 +179,7 @@ void FrmRavolin::CboSomata_Click() {
     FillSomaCategoryCombos();
     return;
   }
-  RavoMessages(-5, prompter_, st_);
-  const bool yes = st_.LastAnswer == "YES";
-  st_.LastAnswer.clear();
-  if (!yes) {
+  if (!AskYes(-5)) {
     int16_t index = 0;
     GetListIndex(inUse, index);
     cboSomataGoingBack_ = true;

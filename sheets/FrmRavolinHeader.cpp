@@ -109,9 +109,7 @@ void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& ol
     return;
   }
   if (static_cast<float>(value) == oldValue || !st_.Calculated) return;
-  RavoMessages(-5, prompter_, st_);
-  const bool discard = st_.LastAnswer == "YES";
-  st_.LastAnswer.clear();
+  const bool discard = AskYes(-5);
   if (discard)
     DiscardResults(true);
   else

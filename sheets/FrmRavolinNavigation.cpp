@@ -21,17 +21,11 @@ void FrmRavolin::SetInitialValues() {
 
 // The family of SomaCategory selected quietly in CboSomata, which takes its working copy.
 void FrmRavolin::TakeFamilyInUse() {
-  for (const std::string& name : ws_.ListFiles("", "*.ths")) {
-    auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
-    const SomaRecord first = file.Read(1);
-    if (first.CategoryNo != st_.SomaCategory) continue;
-    int16_t index = 0;
-    GetListIndex(DisplayCategory(first.Category), index);
-    file.Close();
-    SelectFamilyQuietly(index);
-    return;
-  }
-  FillSomaCategoryCombos();
+  SomaRecord first;
+  if (FamilyFileOf(st_.SomaCategory, &first))
+    SelectFamilyOf(first);
+  else
+    FillSomaCategoryCombos();
 }
 
 // A sheet without rows, on the way to another: a study on disk asks whether it is to go.

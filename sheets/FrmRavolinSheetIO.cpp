@@ -79,10 +79,7 @@ void FrmRavolin::SaveEmptySheet() {
     return;
   }
   if (size == 0) ws_.Delete(kSheetsFile);
-  RavoMessages(-12, prompter_, st_);
-  const bool yes = st_.LastAnswer == "YES";
-  st_.LastAnswer.clear();
-  if (yes) CmdDeleteSheet_Click();
+  if (AskYes(-12)) CmdDeleteSheet_Click();
   FocusTarget = "Grid";
 }
 
@@ -240,11 +237,9 @@ void FrmRavolin::ComputeWaterContent() {
 // The models of the first type file whose family number equals `categoryNo`; none when no
 // file has it.
 std::vector<SomaRecord> FrmRavolin::ReadFamilyOf(float categoryNo) {
-  for (const std::string& name : ws_.ListFiles("", "*.ths")) {
-    auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
-    if (file.Read(1).CategoryNo == categoryNo) return file.ReadAll();
-  }
-  return {};
+  const auto file = FamilyFileOf(categoryNo);
+  if (!file) return {};
+  return ws_.Records<SomaRecord>(*file, RecordFileMode::ReadOnly).ReadAll();
 }
 
 // ---- Bringing a sheet back -----------------------------------------------------------------
@@ -272,19 +267,11 @@ void FrmRavolin::PutGenSheetData(const SheetRecord& record) {
 void FrmRavolin::TakeFamilyOfSheet() {
   const std::vector<std::string> files = ws_.ListFiles("", "*.ths");
   if (files.empty()) return;
-  std::string chosen = files.back();
-  for (const std::string& name : files) {
-    auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
-    const SomaRecord first = file.Read(1);
-    if (first.CategoryNo != st_.SomaCategory) continue;
-    chosen = name;
-    int16_t index = 0;
-    GetListIndex(DisplayCategory(first.Category), index);
-    SelectFamilyQuietly(index);
-    break;
-  }
+  SomaRecord first;
+  const auto found = FamilyFileOf(st_.SomaCategory, &first);
+  if (found) SelectFamilyOf(first);
   ws_.Delete(kSomataWorkingCopy);
-  ws_.Copy(chosen, kSomataWorkingCopy);
+  ws_.Copy(found ? *found : files.back(), kSomataWorkingCopy);
 }
 
 void FrmRavolin::PutLoopDataOnScreen(const LoopRecord& record) {
@@ -304,8 +291,7 @@ void FrmRavolin::PutLoopDataOnScreen(const LoopRecord& record) {
   }
   st_.Thema = TxtThema.Text;
   if (!Trim(record.SomaNo).empty()) {
-    RebuildRunningSum();
-    TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, "#,###");
+    RebuildRunningLoad();
   }
   // Kept on purpose: a sheet brought back counts as calculated, whatever its record said.
   st_.Calculated = -1;
@@ -337,23 +323,42 @@ int16_t FrmRavolin::CountSheets() {
 
 void FrmRavolin::OpeningOld() {
   st_.CurrentSheet = 1;
-  {
-    auto sheets = ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly);
-    st_.SheetCount = CInt(sheets.Count());
-    const SheetRecord record = sheets.Read(1);
-    PutGenSheetData(record);
-    TakeResultsValid(record.ResultsValid, st_.Calculated);
-  }
-  {
-    auto loops = ws_.Records<LoopRecord>(kLoopsFile, RecordFileMode::ReadOnly);
-    const int32_t count = loops.Count();
-    for (int32_t n = 1; n <= count; ++n) {
-      const LoopRecord record = loops.Read(n);
-      if (record.SheetNo > 1) break;
-      if (record.SheetNo == 1) PutLoopDataOnScreen(record);
-    }
-  }
+  PutSheetRecordOnScreen(1);
+  PutLoopsOfSheetOnScreen(1);
   RebuildRunningLoad();  // no gap closing here
+}
+
+// Record `sheet` of "SHEETS.TMP" into the header; Calculated from its ResultsValid. Returns
+// the record.
+SheetRecord FrmRavolin::PutSheetRecordOnScreen(int16_t sheet) {
+  auto sheets = ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly);
+  st_.SheetCount = CInt(sheets.Count());
+  const SheetRecord record = sheets.Read(sheet);
+  PutGenSheetData(record);
+  TakeResultsValid(record.ResultsValid, st_.Calculated);
+  return record;
+}
+
+// The rows of `sheet` from "LOOPS.TMP", read in order from record 1 up to the first record of a
+// later sheet. Only the number of each record is decoded until it belongs to the sheet.
+// Returns which rows (1 to 8) a record brought.
+std::vector<bool> FrmRavolin::PutLoopsOfSheetOnScreen(int16_t sheet) {
+  std::vector<bool> rowsMet(kRowsPerSheet + 1, false);
+  auto loops = ws_.Records<LoopRecord>(kLoopsFile, RecordFileMode::ReadOnly);
+  const int32_t count = loops.Count();
+  const std::string bytes = loops.ReadAllBytes();
+  for (int32_t n = 1; n <= count; ++n) {
+    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data()) +
+                     (n - 1) * LoopRecordLayout.RecordLength;
+    LoopRecord record;
+    DecodeNumbersAnd(at, record, {});
+    if (record.SheetNo > sheet) break;
+    if (record.SheetNo != sheet) continue;
+    DecodeRecord(at, record);
+    PutLoopDataOnScreen(record);
+    if (record.RowNo >= 1 && record.RowNo <= kRowsPerSheet) rowsMet[record.RowNo] = true;
+  }
+  return rowsMet;
 }
 
 // A record whose number field disagrees with its place: the sheet is shown under its place,
@@ -372,37 +377,14 @@ void FrmRavolin::SheetNumberDisagrees(int16_t sheet, int16_t written) {
 
 void FrmRavolin::LoadSheet(int16_t sheet) {
   st_.CurrentSheet = sheet;
-  {
-    auto sheets = ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly);
-    st_.SheetCount = CInt(sheets.Count());
-    const SheetRecord record = sheets.Read(sheet);
-    PutGenSheetData(record);
-    TakeResultsValid(record.ResultsValid, st_.Calculated);
-    if (record.SheetNo != sheet) SheetNumberDisagrees(sheet, record.SheetNo);
-  }
-  std::vector<bool> rowsMet(kRowsPerSheet + 1, false);
-  {
-    auto loops = ws_.Records<LoopRecord>(kLoopsFile, RecordFileMode::ReadOnly);
-    const int32_t count = loops.Count();
-    const std::string bytes = loops.ReadAllBytes();
-    for (int32_t n = 1; n <= count; ++n) {
-      const auto* at = reinterpret_cast<const unsigned char*>(bytes.data()) +
-                       (n - 1) * LoopRecordLayout.RecordLength;
-      LoopRecord record;
-      DecodeNumbersAnd(at, record, {});
-      if (record.SheetNo > sheet) break;
-      if (record.SheetNo != sheet) continue;
-      DecodeRecord(at, record);
-      PutLoopDataOnScreen(record);
-      if (record.RowNo >= 1 && record.RowNo <= kRowsPerSheet) rowsMet[record.RowNo] = true;
-    }
-  }
+  const SheetRecord record = PutSheetRecordOnScreen(sheet);
+  if (record.SheetNo != sheet) SheetNumberDisagrees(sheet, record.SheetNo);
+  const std::vector<bool> rowsMet = PutLoopsOfSheetOnScreen(sheet);
   // A file cut short reads as empty records: rows of the sheet that no record brought are
   // empty, never left over from the sheet shown before.
   for (int row = 1; row <= kRowsPerSheet; ++row)
     if (!rowsMet[row]) Grid.ClearRow(row);
   int16_t lastRow = 0;
   GetLastDataRow(lastRow);
-  RebuildRunningSum();
-  TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, "#,###");
+  RebuildRunningLoad();
 }

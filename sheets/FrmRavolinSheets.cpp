@@ -39,10 +39,7 @@ void FrmRavolin::CmdDeleteSheet_Click() {
     FocusTarget = "Grid";
     return;
   }
-  RavoMessages(-11, prompter_, st_);
-  const bool yes = st_.LastAnswer == "YES";
-  st_.LastAnswer.clear();
-  if (!yes) {
+  if (!AskYes(-11)) {
     FocusTarget = "Grid";
     return;
   }

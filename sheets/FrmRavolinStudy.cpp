@@ -105,13 +105,12 @@ void FrmRavolin::CmdNew_Click() {
   });
 }
 
-// Message -10 when the study has changed since it was last saved and the sheet holds results.
-void FrmRavolin::OfferToSave() {
-  if (st_.StudyChanged == 0 || st_.Calculated == 0) return;
-  RavoMessages(-10, prompter_, st_);
-  const bool yes = st_.LastAnswer == "YES";
-  st_.LastAnswer.clear();
-  if (yes) CmdSave_Click();
+// Message -10 when the study has changed since it was last saved and the sheet holds results;
+// true when the engineer chose to save.
+bool FrmRavolin::OfferToSave() {
+  if (st_.StudyChanged == 0 || st_.Calculated == 0 || !AskYes(-10)) return false;
+  CmdSave_Click();
+  return true;
 }
 
 // Ctrl-O: unsaved work is offered a save first, then the browser of RVLFiles/.
@@ -120,15 +119,7 @@ void FrmRavolin::CmdOpen_Click() {
     if (st_.StudyChanged != 0) {
       int16_t lastRow = 0;
       GetLastDataRow(lastRow);
-      if (st_.Calculated != 0) {
-        RavoMessages(-10, prompter_, st_);
-        const bool yes = st_.LastAnswer == "YES";
-        st_.LastAnswer.clear();
-        if (yes) {
-          CmdSave_Click();
-          st_.StudyChanged = 0;
-        }
-      }
+      if (OfferToSave()) st_.StudyChanged = 0;
     }
     FrmOpenSave_M browser(*this, ws_, st_);
     screens_.ShowModal(browser);

@@ -43,11 +43,9 @@ FrmOpenSave_MView::FrmOpenSave_MView(FrmOpenSave_M& logic, CommandBoundary& boun
   buttons->addStretch(1);
   layout->addLayout(buttons);
   connect(list_, &QListWidget::currentRowChanged, this, [this](int r) {
-    Run([this, r] {
-      logic_.LstStudies.Selected.assign(logic_.LstStudies.Items.size(), false);
-      if (r >= 0) logic_.LstStudies.Selected[r] = true;
-      logic_.LstStudies_Click();
-    });
+    std::vector<std::string> picked;
+    if (r >= 0) picked.push_back(logic_.LstStudies.Items[r]);
+    Run([this, picked] { logic_.Controls().at("LstStudies").Select(picked); });
   });
   connect(list_, &QListWidget::itemDoubleClicked, this,
           [this] { Run([this] { logic_.CmdOpenSave_Click(); }); });

@@ -15,8 +15,9 @@ FrmRavoSheetsView::FrmRavoSheetsView(FrmRavoSheets& logic, CommandBoundary& boun
   for (const auto& item : logic_.LstSheets.Items) list_->addItem(QString::fromStdString(item));
   layout->addWidget(list_);
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
-    logic_.LstSheets.Selected.assign(logic_.LstSheets.Items.size(), false);
-    if (row >= 0) logic_.LstSheets.Selected[row] = true;
+    std::vector<std::string> picked;
+    if (row >= 0) picked.push_back(logic_.LstSheets.Items[row]);
+    logic_.Controls().at("LstSheets").Select(picked);
   });
   auto* buttons = new QHBoxLayout();
   auto* ok = new QPushButton(QString::fromStdString(logic_.CmdOK.Text), this);
