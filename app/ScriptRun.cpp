@@ -4,6 +4,7 @@
 
 #include "CommandBoundary.h"
 #include "FrmRavolin.h"
+#include "ScreenWiring.h"
 #include "ScriptDriver.h"
 #include "StudyState.h"
 #include "SystemSeparators.h"
@@ -58,6 +59,7 @@ int RunScript(const Options& options, Workspace& workspace, std::ostream& out, s
   CommandBoundary boundary(workspace, prompter);
   ScriptScreens screens(driver);
   FrmRavolin main(workspace, state, prompter, platform, boundary, screens);
+  WireScreens(main, workspace, state, prompter, screens);
   driver.SetMainScreen(&main);
   driver.SetCommandRunner([&](const std::function<void()>& action) { boundary.Run(action); });
   driver.SetStartup([&] { main.Form_Load(); });

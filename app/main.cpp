@@ -8,6 +8,7 @@
 
 #include "CommandBoundary.h"
 #include "FrmRavolin.h"
+#include "ScreenWiring.h"
 #include "FrmRavolinView.h"
 #include "InstanceLock.h"
 #include "Options.h"
@@ -73,6 +74,7 @@ int RunDesktop(int argc, char** argv, const Options& options) {
   CommandBoundary boundary(*ws, prompter);
   QtScreens screens(boundary);
   FrmRavolin logic(*ws, state, prompter, platform, boundary, screens);
+  WireScreens(logic, *ws, state, prompter, screens);
   FrmRavolinView view(logic, boundary);
   prompter.SetParent(&view);
   screens.SetParent(&view);

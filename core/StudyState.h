@@ -21,6 +21,9 @@ struct StudyState {
   std::string Thema;             // the subject of the study as the sheet on the screen shows it
   int16_t ColumnsEditable = -1;  // columns 1 to 3 stay open when a sheet is left
   int16_t SomaRecords = 0;       // records of the radiator type file read last
+  // The engineer whose name the printouts carry; chosen in the names list, it belongs to the
+  // program run, not to a study, and a new study keeps it.
+  std::string CurrentEngineer;
 
   Separators Seps() const {
     return Separators{static_cast<char32_t>(static_cast<uint16_t>(DecimalSep)),
@@ -42,7 +45,7 @@ struct StudyState {
   }
 
   // Returns the shared state to its empty value: numbers 0, texts empty, StudyChanged,
-  // SomaCategory and ColumnsEditable 0. CurrentSheet, the separators and PipeArea (it belongs
-  // to the pipe list read at start, not to the study) are kept.
+  // SomaCategory and ColumnsEditable 0. CurrentSheet, the separators, PipeArea (it belongs to
+  // the pipe list read at start, not to the study) and CurrentEngineer are kept.
   void InitializeVariables();
 };

@@ -46,6 +46,11 @@ struct ClientList {
 std::string EncodeClients(const ClientList& list);
 // Reads the list; a missing file reads as no names.
 ClientList ReadClients(Workspace& ws);
+// The records as they stand on disk, for the commands that change one record, or one field of
+// every record, and leave the others byte for byte.
+std::vector<ClientRecord> ReadClientRecords(Workspace& ws);
+void WriteClientRecords(Workspace& ws, const std::vector<ClientRecord>& records);
+
 // Writes the whole list anew, numbered from 1, every record with the password, through a
 // second file and a rename: a crash leaves the old list or the new one, never half of one.
 void WriteClients(Workspace& ws, const ClientList& list);

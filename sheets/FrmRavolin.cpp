@@ -102,6 +102,7 @@ const std::vector<FrmRavolin::CommandButton>& FrmRavolin::CommandButtons() {
        "ΔΗΜΙΟΥΡΓΙΑ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-S > ή  < Shift-F12 >"},
       {"CmdOpen", &FrmRavolin::CmdOpen, "ΑΝΑΚΛΗΣΗ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-O >"},
       {"CmdNew", &FrmRavolin::CmdNew, "ΝΕΑ ΜΕΛΕΤΗ"},
+      {"Cmd_Client", &FrmRavolin::Cmd_Client, "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ"},
   };
   return buttons;
 }
@@ -320,7 +321,8 @@ void FrmRavolin::BuildControls() {
       {"CmdDeleteSheet", [this] { CmdDeleteSheet_Click(); }},
       {"CmdSave", [this] { CmdSave_Click(); }},
       {"CmdOpen", [this] { CmdOpen_Click(); }},
-      {"CmdNew", [this] { CmdNew_Click(); }}};
+      {"CmdNew", [this] { CmdNew_Click(); }},
+      {"Cmd_Client", [this] { Cmd_Client_Click(); }}};
   for (const CommandButton& b : CommandButtons())
     controls_[b.Name] = CommandControl(this->*b.Button, clicks.at(b.Name));
   Control grid;

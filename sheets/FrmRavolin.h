@@ -67,6 +67,10 @@ class FrmRavolin : public ScriptScreen {
       CmdDeleteColumn{"Διαγρ. Στήλης"};
   Field CmdFirst{"|◀"}, CmdPrev{"◀"}, CmdNext{"▶"}, CmdLast{"▶|"}, CmdDeleteSheet{"Διαγρ. Φύλλου"};
   Field CmdSave{"Αποθήκευση"}, CmdOpen{"Άνοιγμα"}, CmdNew{"Νέα Μελέτη"};
+  Field Cmd_Client{"Μελετητής"};
+  // Opens the names list. The program wires it, for the desktop and the script run alike: the
+  // names are a subsystem of their own, which the sheets do not know.
+  std::function<void()> OpenEngineerNames;
   TextGrid Grid{kGridRows, kGridCols};
 
   // State held by the screen itself.
@@ -180,6 +184,7 @@ class FrmRavolin : public ScriptScreen {
   void CmdSave_Click();
   void SaveAsFile(std::string fileName);
   void CmdNew_Click();
+  void Cmd_Client_Click();
   void CmdOpen_Click();
   void ClassicOpenFile_M();
   void OpenFile(std::string fileName);

@@ -166,3 +166,7 @@ void FrmRavolin::OpenFile(std::string fileName) {
   // A study saved before its levels has no .rvf: it opens without levels.
   ws_.Copy(SisterFile(fileName, ".rvf"), "RAVOFLOORS.TMP", true);
 }
+
+void FrmRavolin::Cmd_Client_Click() {
+  if (OpenEngineerNames) OpenEngineerNames();
+}

@@ -2,11 +2,10 @@
 // in every record, the whole list rewritten through a second file, and files that are not what
 // the program wrote.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "ClientRecord.h"
 #include "Cp1253.h"
+#include "KillAtRewriteStep.h"
 #include "RecordFile.h"
 #include "Scramble.h"
 #include "TempFolder.h"
@@ -85,18 +84,7 @@ TEST_F(ClientListTest, ARewriteKilledAtAnyStepLeavesTheOldListOrTheNew) {
   const std::string oldBytes = EncodeClients(before), newBytes = EncodeClients(after);
   for (int stop = 1; stop <= 4; ++stop) {
     WriteAllBytes(folder / kClientsFile, oldBytes);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      int steps = 0;
-      Workspace::SetRewriteStepHook([&](int) {
-        if (++steps == stop) _exit(0);
-      });
-      WriteClients(ws, after);
-      _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
+    KillAtRewriteStep(stop, [&] { WriteClients(ws, after); });
     const std::string bytes = ReadAllBytes(folder / kClientsFile);
     EXPECT_TRUE(bytes == oldBytes || bytes == newBytes) << "stop " << stop;
     const auto records = RecordFile<ClientRecord>(folder / kClientsFile).ReadAll();

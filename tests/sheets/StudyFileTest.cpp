@@ -1,9 +1,8 @@
 // Saving a study as byte copies of the working files, starting a new study, and the question
 // that keeps unsaved work from being lost at both.
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "FrmOpenSave_M.h"
+#include "KillAtRewriteStep.h"
 #include "SheetsFixture.h"
 
 namespace {
@@ -322,18 +321,7 @@ TEST_F(StudyFileTest, ASaveKilledAtAnyStepLeavesEveryFileOldOrNewAndWhole) {
   for (int stop = 1; stop <= 7; ++stop) {
     WriteAllBytes(Study("Ω.sht"), oldSheets);
     WriteAllBytes(Study("Ω.lps"), oldLoops);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      int steps = 0;
-      Workspace::SetRewriteStepHook([&](int) {
-        if (++steps == stop) _exit(0);
-      });
-      form->SaveAsFile(Study("Ω.sht").string());
-      _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
+    KillAtRewriteStep(stop, [&] { form->SaveAsFile(Study("Ω.sht").string()); });
     const std::string sheets = ReadAllBytes(Study("Ω.sht"));
     const std::string loops = ReadAllBytes(Study("Ω.lps"));
     EXPECT_TRUE(sheets == oldSheets || sheets == newSheets) << "stop " << stop;

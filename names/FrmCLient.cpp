@@ -1,0 +1,242 @@
+#include "FrmCLient.h"
+
+#include <algorithm>
+
+#include "ClientMessages.h"
+#include "ClientRecord.h"
+#include "Cp1253.h"
+#include "FrmCLPass.h"
+
+FrmCLient::FrmCLient(Workspace& workspace, StudyState& state, Prompter& prompter, Screens& screens)
+    : ws_(workspace), st_(state), prompter_(prompter), screens_(screens) {
+  Lbl_Entry.Visible = false;
+  Txt_Client.Visible = false;
+  Txt_Client.MaxLength = static_cast<int>(kClientNameWidth);
+  Txt_Pass.MaxLength = static_cast<int>(kClientPassWidth);
+  for (const auto& [name, field] : {std::pair{"Caption", &Caption},
+                                    {"LblCurrent", &LblCurrent},
+                                    {"Lbl_Client", &Lbl_Client},
+                                    {"Lbl_Entry", &Lbl_Entry},
+                                    {"LblNoChars", &LblNoChars},
+                                    {"Lbl_Pass", &Lbl_Pass}})
+    controls_[name] = LabelControl(*field);
+  controls_["Lst_Names"] = ListControl(Lst_Names, nullptr);
+  controls_["Txt_Client"] =
+      TextBoxControl(Txt_Client, {nullptr, Txt_KeyPress, [this] { Txt_Client_Change(); }});
+  controls_["Txt_Pass"] = TextBoxControl(Txt_Pass, {nullptr, Txt_KeyPress, nullptr});
+  const std::pair<const char*, std::pair<Field*, void (FrmCLient::*)()>> commands[] = {
+      {"Cmd_New", {&Cmd_New, &FrmCLient::Cmd_New_Click}},
+      {"Cmd_COR", {&Cmd_COR, &FrmCLient::Cmd_COR_Click}},
+      {"Cmd_Copy", {&Cmd_Copy, &FrmCLient::Cmd_Copy_Click}},
+      {"Cmd_OK", {&Cmd_OK, &FrmCLient::Cmd_OK_Click}},
+      {"Cmd_Del", {&Cmd_Del, &FrmCLient::Cmd_Del_Click}},
+      {"Cmd_Lock", {&Cmd_Lock, &FrmCLient::Cmd_Lock_Click}},
+      {"Cmd_Exit", {&Cmd_Exit, &FrmCLient::Cmd_Exit_Click}}};
+  for (const auto& [name, command] : commands)
+    controls_[name] =
+        CommandControl(*command.first, [this, click = command.second] { (this->*click)(); });
+}
+
+void FrmCLient::Form_Load() {
+  ShowCurrentEngineer();
+  if (!ws_.FileExists(kClientsFile)) {
+    closed_ = true;
+    return;
+  }
+  const std::vector<ClientRecord> records = ReadClientRecords(ws_);
+  kept_ = records.empty() ? std::string() : FieldText(records.front().ClientPass);
+  Txt_Pass.Text = kept_;
+  std::vector<std::string> names;
+  records_.clear();
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    names.push_back(FieldText(records[i].ClientName));
+    records_.push_back(static_cast<int>(i + 1));
+  }
+  Lst_Names.SetItems(std::move(names));
+  // The engineer in use is highlighted, else the first name, so that OK confirms at once.
+  if (Lst_Names.Items.empty()) return;
+  const auto at = std::find(Lst_Names.Items.begin(), Lst_Names.Items.end(), st_.CurrentEngineer);
+  Lst_Names.Selected[at == Lst_Names.Items.end() ? 0 : at - Lst_Names.Items.begin()] = true;
+}
+
+bool FrmCLient::Txt_KeyPress(char32_t ch) {
+  return ch == 8 || ch == 13 || UnicodeToCp1253(ch) >= 0;
+}
+
+void FrmCLient::Txt_Client_Change() {
+  LblNoChars.Text = "< " + std::to_string(Utf8ToU32(Txt_Client.Text).size()) + " > Χαρακτήρες";
+}
+
+void FrmCLient::SetEntryText(const std::string& text) {
+  Txt_Client.Text = text;
+  Txt_Client_Change();
+}
+
+void FrmCLient::OpenEntry(const std::string& caption, const std::string& text) {
+  Lbl_Entry.Text = caption;
+  Lbl_Entry.Visible = true;
+  Txt_Client.Visible = true;
+  SetEntryText(text);
+}
+
+void FrmCLient::CloseEntry() {
+  Lbl_Entry.Visible = false;
+  Txt_Client.Visible = false;
+  newName_ = correction_ = false;
+  correctedEntry_ = -1;
+}
+
+std::string FrmCLient::HighlightedName() const {
+  const int index = Lst_Names.SelectedIndex();
+  return index < 0 ? std::string() : Lst_Names.Items[index];
+}
+
+void FrmCLient::Cmd_New_Click() {
+  OpenEntry(kNewCaption, "");
+  newName_ = true;
+  correction_ = false;
+  correctedEntry_ = -1;
+}
+
+void FrmCLient::Cmd_COR_Click() {
+  const int index = Lst_Names.SelectedIndex();
+  if (index < 0) return;
+  OpenEntry(kCorrectionCaption, Lst_Names.Items[index]);
+  correction_ = true;
+  newName_ = false;
+  correctedEntry_ = index;
+}
+
+void FrmCLient::Cmd_Copy_Click() {
+  if (Lst_Names.SelectedIndex() < 0) return;
+  SetEntryText(HighlightedName());
+}
+
+std::string FrmCLient::Ask(int16_t code, const std::string& name) {
+  ShowClientMessage(code, prompter_, st_, name);
+  std::string answer = st_.LastAnswer;
+  st_.LastAnswer.clear();
+  return answer;
+}
+
+bool FrmCLient::StoredPasswordMissing() {
+  if (!Trim(Txt_Pass.Text).empty()) return false;
+  const std::vector<ClientRecord> records = ReadClientRecords(ws_);
+  return !records.empty() && !FieldText(records.front().ClientPass).empty();
+}
+
+void FrmCLient::Cmd_OK_Click() {
+  if (StoredPasswordMissing()) {
+    Ask(2);
+    return;
+  }
+  if (!Txt_Client.Visible) {
+    if (Lst_Names.SelectedIndex() < 0) return;
+    ChooseEngineer(HighlightedName());
+    return;
+  }
+  if (Trim(Txt_Pass.Text) != kept_) {
+    Ask(2);  // kept on purpose: the box of a missing password, not of a wrong one
+    return;
+  }
+  const std::string name = Trim(Txt_Client.Text);
+  if (name.empty()) {
+    Ask(9);
+    return;
+  }
+  if ((newName_ || correction_) && Ask(correction_ ? 6 : 1) == "YES") KeepEntryInList(name);
+  ChooseEngineer(name);
+}
+
+void FrmCLient::KeepEntryInList(const std::string& name) {
+  std::fill(Lst_Names.Selected.begin(), Lst_Names.Selected.end(), false);
+  if (correction_ && correctedEntry_ >= 0 &&
+      correctedEntry_ < static_cast<int>(Lst_Names.Items.size())) {
+    CorrectInFile(records_[correctedEntry_], name);
+    std::string& entry = Lst_Names.Items[correctedEntry_];
+    if (entry == st_.CurrentEngineer) st_.CurrentEngineer = name;
+    entry = name;
+    Lst_Names.Selected[correctedEntry_] = true;
+  } else {
+    AppendToFile(name);
+    Lst_Names.Items.push_back(name);
+    Lst_Names.Selected.push_back(true);
+  }
+  ShowCurrentEngineer();
+  CloseEntry();
+}
+
+void FrmCLient::AppendToFile(const std::string& name) {
+  std::vector<ClientRecord> records = ReadClientRecords(ws_);
+  ClientRecord r;
+  r.ClientNo = static_cast<int16_t>(records.size() + 1);
+  r.ClientName = StoredField(name, kClientNameWidth);
+  r.ClientPass = StoredField(kept_, kClientPassWidth);
+  records.push_back(r);
+  WriteClientRecords(ws_, records);
+  records_.push_back(static_cast<int>(records.size()));
+}
+
+void FrmCLient::CorrectInFile(int record, const std::string& name) {
+  std::vector<ClientRecord> records = ReadClientRecords(ws_);
+  if (record < 1 || record > static_cast<int>(records.size())) return AppendToFile(name);
+  records[record - 1].ClientName = StoredField(name, kClientNameWidth);
+  WriteClientRecords(ws_, records);
+}
+
+void FrmCLient::ChooseEngineer(const std::string& name) {
+  if (Ask(7, name) != "YES") return;
+  st_.CurrentEngineer = Trim(name);
+  ShowCurrentEngineer();
+  CloseScreen();
+}
+
+void FrmCLient::ShowCurrentEngineer() {
+  Lbl_Client.Text = st_.CurrentEngineer;
+}
+
+void FrmCLient::Cmd_Del_Click() {
+  if (Lst_Names.Items.size() <= 1) {
+    Ask(5);
+    return;
+  }
+  const int index = Lst_Names.SelectedIndex();
+  if (index < 0) return;
+  if (Ask(4) != "YES") return;
+  Lst_Names.Items.erase(Lst_Names.Items.begin() + index);
+  Lst_Names.Selected.erase(Lst_Names.Selected.begin() + index);
+  records_.erase(records_.begin() + index);
+  if (correctedEntry_ == index) CloseEntry();
+  if (correctedEntry_ > index) --correctedEntry_;
+  deleted_ = true;
+}
+
+void FrmCLient::Cmd_Lock_Click() {
+  if (Trim(Txt_Pass.Text) != kept_) {
+    Ask(3);
+    return;
+  }
+  FrmCLPass check(FrmCLPass::Mode::Check, kept_, prompter_, st_);
+  screens_.ShowModal(check);
+  if (!check.Passed) return;
+  FrmCLPass fresh(FrmCLPass::Mode::New, kept_, prompter_, st_);
+  screens_.ShowModal(fresh);
+  if (!fresh.Passed) return;
+  std::vector<ClientRecord> records = ReadClientRecords(ws_);
+  for (ClientRecord& r : records) r.ClientPass = StoredField(fresh.NewPassword, kClientPassWidth);
+  WriteClientRecords(ws_, records);
+  kept_ = fresh.NewPassword;
+  Txt_Pass.Text = kept_;
+}
+
+void FrmCLient::CloseScreen() {
+  if (closed_) return;
+  // The names that left the list leave the file now: the list is written anew, renumbered.
+  if (deleted_) WriteClients(ws_, ClientList{Lst_Names.Items, kept_});
+  deleted_ = false;
+  closed_ = true;
+}
+
+void FrmCLient::KeyDown(const KeyStroke& key) {
+  if (key.Code == KeyCode::Escape) CloseScreen();
+}

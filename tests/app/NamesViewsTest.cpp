@@ -1,0 +1,138 @@
+// The names list and its password screen on the offscreen platform: the widgets show the
+// logic's state and every click reaches its handler.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include "ClientRecord.h"
+#include "FakePlatform.h"
+#include "FrmCLPassView.h"
+#include "FrmCLientView.h"
+#include "FrmRavolinView.h"
+#include "QtScreens.h"
+#include "ScriptedScreens.h"
+#include "TempFolder.h"
+
+namespace {
+
+// Types any text, Greek included, a key at a time (keyClicks knows only ASCII keys).
+void TypeText(QWidget* widget, const QString& text) {
+  for (const QChar ch : text)
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(ch), Qt::NoModifier);
+}
+
+class NamesViewTest : public ::testing::Test {
+ protected:
+  NamesViewTest() : ws(folder.Path()) {
+    ws.SetPauseMilliseconds(0);
+    WriteClients(ws, ClientList{{"Α. Αλεξίου", "Β. Βασιλείου"}, "κλειδί"});
+    state.CurrentEngineer = "Β. Βασιλείου";
+    names.Form_Load();
+  }
+  TempFolder folder;
+  Workspace ws;
+  StudyState state;
+  ScriptedPrompter prompter;
+  CommandBoundary boundary{ws, prompter};
+  ScriptedScreens screens;
+  FrmCLient names{ws, state, prompter, screens};
+};
+
+TEST_F(NamesViewTest, TheListShowsTheNamesTheEngineerAndAMaskedPassword) {
+  FrmCLientView view(names, boundary);
+  view.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+  if (const char* shot = std::getenv("RAVO_SHOT")) view.grab().save(QString::fromUtf8(shot));
+  EXPECT_LE(view.frameGeometry().width(), 1024);
+  EXPECT_EQ(view.windowTitle().toStdString(), FrmCLient::kCaption);
+  ASSERT_EQ(view.List()->count(), 2);
+  EXPECT_EQ(view.List()->currentRow(), 1);
+  EXPECT_EQ(view.Label("Lbl_Client")->text().toStdString(), "Β. Βασιλείου");
+  EXPECT_EQ(view.Label("LblCurrent")->text().toStdString(), "ΤΡΕΧΟΝ ΟΝΟΜΑ ΜΕΛΕΤΗΤΗ");
+  EXPECT_EQ(view.Password()->echoMode(), QLineEdit::Password);
+  EXPECT_EQ(view.Password()->text().toStdString(), "κλειδί");
+  EXPECT_FALSE(view.Entry()->isVisible());
+  EXPECT_EQ(view.Button("Cmd_Lock")->text().toStdString(), " Αλλαγή Password ");
+  for (const char* name : {"Cmd_OK", "Cmd_New", "Cmd_COR", "Cmd_Lock", "Cmd_Exit"})
+    EXPECT_GE(view.Button(name)->width(), view.Button(name)->sizeHint().width()) << name;
+}
+
+TEST_F(NamesViewTest, ANewNameIsTypedCountedAndAddedThroughTheLogic) {
+  FrmCLientView view(names, boundary);
+  view.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+  QTest::mouseClick(view.Button("Cmd_New"), Qt::LeftButton);
+  ASSERT_TRUE(view.Entry()->isVisible());
+  EXPECT_EQ(view.Label("Lbl_Entry")->text().toStdString(), FrmCLient::kNewCaption);
+  TypeText(view.Entry(), QStringLiteral("Γ. Γεωργίου"));
+  EXPECT_EQ(view.Label("LblNoChars")->text().toStdString(), "< 11 > Χαρακτήρες");
+  prompter.QueueAnswer(Answer::Yes);
+  prompter.QueueAnswer(Answer::Yes);
+  QTest::mouseClick(view.Button("Cmd_OK"), Qt::LeftButton);
+  EXPECT_TRUE(names.Closed());
+  EXPECT_FALSE(view.isVisible());
+  EXPECT_EQ(state.CurrentEngineer, "Γ. Γεωργίου");
+  EXPECT_EQ(ReadClients(ws).Names.back(), "Γ. Γεωργίου");
+}
+
+TEST_F(NamesViewTest, AClickOnANameHighlightsItInTheLogicAndTheCloseBoxWritesDeletions) {
+  FrmCLientView view(names, boundary);
+  view.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+  view.List()->setCurrentRow(0);
+  EXPECT_EQ(names.Lst_Names.SelectedIndex(), 0);
+  prompter.QueueAnswer(Answer::Yes);
+  QTest::mouseClick(view.Button("Cmd_Del"), Qt::LeftButton);
+  EXPECT_EQ(view.List()->count(), 1);
+  QTest::keyClick(&view, Qt::Key_Escape);
+  EXPECT_TRUE(names.Closed());
+  EXPECT_EQ(ReadClients(ws).Names, std::vector<std::string>{"Β. Βασιλείου"});
+}
+
+TEST_F(NamesViewTest, ThePasswordScreenShowsOneBoxToCheckAndTwoForANewPassword) {
+  FrmCLPass check(FrmCLPass::Mode::Check, "κλειδί", prompter, state);
+  FrmCLPassView checkView(check, boundary);
+  checkView.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&checkView));
+  EXPECT_FALSE(checkView.Confirmation()->isVisible());
+  EXPECT_EQ(checkView.Entry()->echoMode(), QLineEdit::Password);
+  TypeText(checkView.Entry(), QStringLiteral("κλειδί"));
+  QTest::mouseClick(checkView.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
+  EXPECT_TRUE(check.Passed);
+  EXPECT_FALSE(checkView.isVisible());
+
+  FrmCLPass fresh(FrmCLPass::Mode::New, "κλειδί", prompter, state);
+  FrmCLPassView freshView(fresh, boundary);
+  freshView.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&freshView));
+  EXPECT_TRUE(freshView.Confirmation()->isVisible());
+  TypeText(freshView.Entry(), QStringLiteral("νέο"));
+  TypeText(freshView.Confirmation(), QStringLiteral("νέο"));
+  QTest::mouseClick(freshView.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
+  EXPECT_TRUE(fresh.Passed);
+  EXPECT_EQ(fresh.NewPassword, "νέο");
+}
+
+TEST(MainScreenNamesTest, TheEngineerButtonCarriesItsTipAndOpensTheList) {
+  TempFolder folder;
+  Workspace ws(folder.Path());
+  StudyState state;
+  ScriptedPrompter prompter;
+  FakePlatform platform;
+  CommandBoundary boundary{ws, prompter};
+  QtScreens screens{boundary};
+  FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
+  FrmRavolinView view{logic, boundary};
+  int opened = 0;
+  logic.OpenEngineerNames = [&] { ++opened; };
+  view.Render();
+  QPushButton* button = view.Button("Cmd_Client");
+  EXPECT_EQ(button->toolTip().toStdString(), "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ");
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_EQ(opened, 1);
+}
+
+}  // namespace

@@ -1,0 +1,430 @@
+// The names list and its password screen, worked as the engineer works them: the messages each
+// command raises, in order, and the list left on disk.
+#include <gtest/gtest.h>
+
+#include "ClientMessages.h"
+#include "ClientRecord.h"
+#include "FrmCLPass.h"
+#include "FrmCLient.h"
+#include "KillAtRewriteStep.h"
+#include "RecordFile.h"
+#include "ScriptedScreens.h"
+#include "TempFolder.h"
+
+namespace {
+
+class FrmCLientTest : public ::testing::Test {
+ protected:
+  FrmCLientTest() : ws(folder.Path()) { ws.SetPauseMilliseconds(0); }
+
+  void MakeList(std::vector<std::string> names, std::string password = {}) {
+    WriteClients(ws, ClientList{std::move(names), std::move(password)});
+  }
+  FrmCLient& Open() {
+    prompter.Clear();
+    form = std::make_unique<FrmCLient>(ws, state, prompter, screens);
+    form->Form_Load();
+    return *form;
+  }
+  void Highlight(const std::string& name) { form->Controls().at("Lst_Names").Select({name}); }
+  // The first lines of every box shown since the last call.
+  std::vector<std::string> Boxes() {
+    std::vector<std::string> lines;
+    for (const auto& shown : prompter.History()) lines.push_back(shown.Box.Lines.front());
+    prompter.Clear();
+    return lines;
+  }
+  std::string Bytes() const { return ReadAllBytes(folder / kClientsFile); }
+  // A FrmCLPass worked by the user: the entries typed, then OK.
+  static ScriptedScreens::Action Passwords(std::string entry, std::string confirmation = {}) {
+    return [entry, confirmation](ScriptScreen& screen) {
+      screen.Controls().at("TxtPass").Type(entry);
+      if (screen.Controls().at("TxtPassOK").Visible()) {
+        screen.Controls().at("TxtPassOK").Type(confirmation);
+      }
+      screen.Controls().at("CmdOK").Press();
+    };
+  }
+
+  TempFolder folder;
+  Workspace ws;
+  StudyState state;
+  ScriptedPrompter prompter;
+  ScriptedScreens screens;
+  std::unique_ptr<FrmCLient> form;
+};
+
+const std::string kMessage1 = ClientMessage(1).Lines.front();
+const std::string kMessage2 = ClientMessage(2).Lines.front();
+const std::string kMessage3 = ClientMessage(3).Lines.front();
+const std::string kMessage4 = ClientMessage(4).Lines.front();
+const std::string kMessage5 = ClientMessage(5).Lines.front();
+const std::string kMessage6 = ClientMessage(6).Lines.front();
+
+std::string Choice(const std::string& name) {
+  return ClientMessage(7, name).Lines.front();
+}
+
+TEST(ClientMessagesTest, TitlesButtonsAndDefaultsOfBothTables) {
+  struct Case {
+    Message box;
+    const char* title;
+    MessageButtons buttons;
+    MessageIcon icon;
+    Answer byDefault;
+  };
+  const char* warning = "  ! !   ΠΡΟΣΟΧΗ   ! ! ";
+  const Case cases[] = {
+      {ClientMessage(1), "... ΠΡΟΣΘΗΚΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...", MessageButtons::YesNo,
+       MessageIcon::Question, Answer::Yes},
+      {ClientMessage(2), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
+      {ClientMessage(4), "... ΔΙΑΓΡΑΦΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΑΠΟ ΤΗ ΛΙΣΤΑ ...", MessageButtons::YesNo,
+       MessageIcon::Critical, Answer::No},
+      {ClientMessage(6), "... ΠΡΟΣΘΗΚΗ ΔΙΟΡΘΩΜΕΝΟΥ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...",
+       MessageButtons::YesNo, MessageIcon::Question, Answer::Yes},
+      {ClientMessage(7, "Χ"), "... ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ...", MessageButtons::YesNo,
+       MessageIcon::Question, Answer::Yes},
+      {ClientMessage(13), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
+      {PassMessage(1), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
+      {PassMessage(2), warning, MessageButtons::YesNo, MessageIcon::Critical, Answer::No},
+      {PassMessage(3), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.box.OneLine());
+    EXPECT_EQ(c.box.Title, c.title);
+    EXPECT_EQ(c.box.Buttons, c.buttons);
+    EXPECT_EQ(c.box.Icon, c.icon);
+    EXPECT_EQ(c.box.Default, c.byDefault);
+    EXPECT_EQ(c.box.Beeps, 2);
+  }
+  EXPECT_EQ(
+      ClientMessage(7, "Κ. Νικολάου").Lines,
+      (std::vector<std::string>{"... Μελετητής : Κ. Νικολάου ...", "... ΣΥΜΦΩΝΕΙΤΕ ??? ..."}));
+  EXPECT_EQ(ClientMessage(8).Lines.size(), 2u);
+  EXPECT_EQ(PassMessage(2).Lines.size(), 2u);
+}
+
+TEST_F(FrmCLientTest, WithoutAListTheScreenClosesAtOnce) {
+  state.CurrentEngineer = "Κ. Νικολάου";
+  EXPECT_TRUE(Open().Closed());
+  EXPECT_EQ(form->Lbl_Client.Text, "Κ. Νικολάου");
+  EXPECT_FALSE(std::filesystem::exists(folder / kClientsFile));
+}
+
+TEST_F(FrmCLientTest, OpeningShowsTheNamesTheEngineerInUseAndThePasswordInItsHiddenBox) {
+  MakeList({"Α. Αλεξίου", "Β. Βασιλείου", "Γ. Γεωργίου"}, "κλειδί");
+  state.CurrentEngineer = "Β. Βασιλείου";
+  FrmCLient& f = Open();
+  EXPECT_FALSE(f.Closed());
+  EXPECT_EQ(f.Lst_Names.Items,
+            (std::vector<std::string>{"Α. Αλεξίου", "Β. Βασιλείου", "Γ. Γεωργίου"}));
+  EXPECT_EQ(f.Lst_Names.SelectedIndex(), 1);
+  EXPECT_EQ(f.Lbl_Client.Text, "Β. Βασιλείου");
+  EXPECT_EQ(f.Txt_Pass.Text, "κλειδί");
+  EXPECT_FALSE(f.Txt_Client.Visible);
+}
+
+TEST_F(FrmCLientTest, ANewNameIsAddedAtTheEndWithThePasswordAndThenChosen) {
+  MakeList({"Α. Αλεξίου"}, "κλειδί");
+  const std::string before = Bytes();
+  FrmCLient& f = Open();
+  f.Cmd_New_Click();
+  EXPECT_EQ(f.Lbl_Entry.Text, FrmCLient::kNewCaption);
+  f.Controls().at("Txt_Client").Type("  Δ. Δημητρίου  ");
+  EXPECT_EQ(f.LblNoChars.Text, "< 16 > Χαρακτήρες");  // the counter counts the blanks too
+  f.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice("Δ. Δημητρίου")}));
+  EXPECT_TRUE(f.Closed());
+  EXPECT_EQ(state.CurrentEngineer, "Δ. Δημητρίου");
+  EXPECT_EQ(state.LastAnswer, "");
+  const std::string bytes = Bytes();
+  ASSERT_EQ(bytes.size(), 200u);
+  EXPECT_EQ(bytes.substr(0, 100), before);  // the first record byte for byte
+  const auto records = RecordFile<ClientRecord>(folder / kClientsFile).ReadAll();
+  EXPECT_EQ(records[1].ClientNo, 2);
+  EXPECT_EQ(records[1].ClientName, StoredField("Δ. Δημητρίου", kClientNameWidth));
+  EXPECT_EQ(records[1].ClientPass, StoredField("κλειδί", kClientPassWidth));
+}
+
+TEST_F(FrmCLientTest, NoToTheAdditionLeavesTheFileAndStillAsksForTheChoice) {
+  MakeList({"Α. Αλεξίου"});
+  const std::string before = Bytes();
+  FrmCLient& f = Open();
+  f.Cmd_New_Click();
+  f.Controls().at("Txt_Client").Type("Ε. Ευαγγέλου");
+  prompter.QueueAnswer(Answer::No);
+  prompter.QueueAnswer(Answer::No);
+  f.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice("Ε. Ευαγγέλου")}));
+  EXPECT_EQ(Bytes(), before);
+  EXPECT_FALSE(f.Closed());
+  EXPECT_TRUE(f.Txt_Client.Visible);  // the entry stays for another try
+  EXPECT_EQ(state.CurrentEngineer, "");
+}
+
+// The password of a locked list: an emptied box stops every OK with message 2; with the entry
+// open, a wrong password stops it with message 2 as well, never 3, as often as it is tried.
+TEST_F(FrmCLientTest, AMissingOrWrongPasswordStopsOkWithMessage2) {
+  MakeList({"Α. Αλεξίου"}, "κλειδί");
+  const std::string before = Bytes();
+  FrmCLient& f = Open();
+  f.Controls().at("Txt_Pass").Type("");
+  f.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2});
+  f.Cmd_New_Click();
+  f.Controls().at("Txt_Client").Type("Ζ. Ζαφειρίου");
+  for (const char* wrong : {"κλειδι", "ΚΛΕΙΔΙ"}) {
+    f.Controls().at("Txt_Pass").Type(wrong);
+    f.Cmd_OK_Click();
+    EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2}) << wrong;
+  }
+  f.Controls().at("Txt_Pass").Type(" κλειδί ");  // trimmed before the comparison
+  f.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice("Ζ. Ζαφειρίου")}));
+  EXPECT_EQ(Bytes().substr(0, 100), before);
+  EXPECT_EQ(Bytes().size(), 200u);
+}
+
+TEST_F(FrmCLientTest, AnUnlockedListTakesAnEmptyPassword) {
+  MakeList({"Α. Αλεξίου"});
+  FrmCLient& f = Open();
+  f.Controls().at("Txt_Pass").Type("");
+  f.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{Choice("Α. Αλεξίου")});
+  EXPECT_EQ(state.CurrentEngineer, "Α. Αλεξίου");
+}
+
+TEST_F(FrmCLientTest, AnEmptyNameIsNotAdded) {
+  MakeList({"Α. Αλεξίου"});
+  const std::string before = Bytes();
+  FrmCLient& f = Open();
+  f.Cmd_New_Click();
+  f.Controls().at("Txt_Client").Type("   ");
+  f.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{ClientMessage(9).Lines.front()});
+  EXPECT_EQ(Bytes(), before);
+}
+
+TEST_F(FrmCLientTest, ACorrectedNameIsRewrittenInItsPlaceAndTheEngineerFollows) {
+  MakeList({"Α. Αλεξίου", "Β. Βασιλείου"}, "κλειδί");
+  state.CurrentEngineer = "Β. Βασιλείου";
+  const std::string before = Bytes();
+  FrmCLient& f = Open();
+  f.Cmd_COR_Click();
+  EXPECT_EQ(f.Lbl_Entry.Text, FrmCLient::kCorrectionCaption);
+  EXPECT_EQ(f.Txt_Client.Text, "Β. Βασιλείου");
+  EXPECT_EQ(f.LblNoChars.Text, "< 12 > Χαρακτήρες");
+  f.Controls().at("Txt_Client").Type("Β. Βασιλείου, Μηχ/γος Μηχ/κός");
+  prompter.QueueAnswer(Answer::Yes);
+  prompter.QueueAnswer(Answer::No);
+  f.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(),
+            (std::vector<std::string>{kMessage6, Choice("Β. Βασιλείου, Μηχ/γος Μηχ/κός")}));
+  EXPECT_EQ(state.CurrentEngineer, "Β. Βασιλείου, Μηχ/γος Μηχ/κός");
+  EXPECT_EQ(f.Lbl_Client.Text, state.CurrentEngineer);
+  EXPECT_EQ(f.Lst_Names.Items[1], state.CurrentEngineer);
+  EXPECT_FALSE(f.Txt_Client.Visible);
+  const std::string bytes = Bytes();
+  EXPECT_EQ(bytes.substr(0, 100), before.substr(0, 100));
+  EXPECT_EQ(bytes.substr(100, 2), before.substr(100, 2));    // ClientNo
+  EXPECT_EQ(bytes.substr(180, 20), before.substr(180, 20));  // ClientPass
+  EXPECT_EQ(bytes.substr(102, 78), StoredField(state.CurrentEngineer, kClientNameWidth));
+}
+
+TEST_F(FrmCLientTest, CopyPutsTheHighlightedNameIntoTheEntry) {
+  MakeList({"Α. Αλεξίου", "Β. Βασιλείου"});
+  FrmCLient& f = Open();
+  f.Cmd_New_Click();
+  Highlight("Β. Βασιλείου");
+  f.Cmd_Copy_Click();
+  EXPECT_EQ(f.Txt_Client.Text, "Β. Βασιλείου");
+  EXPECT_EQ(f.LblNoChars.Text, "< 12 > Χαρακτήρες");
+  EXPECT_TRUE(f.NewNameMode());
+}
+
+TEST_F(FrmCLientTest, ANameOf200CharactersStopsAtTheFieldAndTheCounterShowsIt) {
+  MakeList({"Α. Αλεξίου"});
+  FrmCLient& f = Open();
+  f.Cmd_New_Click();
+  f.Controls().at("Txt_Client").Type(std::string(200, 'N'));
+  EXPECT_EQ(f.LblNoChars.Text, "< 78 > Χαρακτήρες");
+  f.Controls().at("Txt_Client").Type("Ω€🙂x");  // the emoji has no byte in the code page
+  EXPECT_EQ(f.Txt_Client.Text, "Ω€x");
+  f.Controls().at("Txt_Client").Type(std::string(60, 'M'));
+  f.Cmd_OK_Click();  // more than 50 characters: no command refuses it
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice(std::string(60, 'M'))}));
+  EXPECT_EQ(ReadClients(ws).Names.back(), std::string(60, 'M'));
+}
+
+TEST_F(FrmCLientTest, DeletingDownToTheLastNameWritesTheListAnewOnClosing) {
+  MakeList({"Α. Αλεξίου", "Β. Βασιλείου", "Γ. Γεωργίου"}, "κλειδί");
+  const std::string before = Bytes();
+  FrmCLient& f = Open();
+  Highlight("Β. Βασιλείου");
+  f.Cmd_Del_Click();  // no answer queued: the box's default is No
+  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage4});
+  EXPECT_EQ(f.Lst_Names.Items.size(), 3u);
+  for (const char* name : {"Β. Βασιλείου", "Α. Αλεξίου"}) {
+    Highlight(name);
+    prompter.QueueAnswer(Answer::Yes);
+    f.Cmd_Del_Click();
+    EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage4});
+  }
+  f.Cmd_Del_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage5});
+  EXPECT_EQ(f.Lst_Names.Items, std::vector<std::string>{"Γ. Γεωργίου"});
+  EXPECT_EQ(Bytes(), before);  // nothing leaves the file before the screen closes
+  f.Cmd_Exit_Click();
+  EXPECT_TRUE(f.Closed());
+  EXPECT_EQ(Bytes(), EncodeClients(ClientList{{"Γ. Γεωργίου"}, "κλειδί"}));  // renumbered
+}
+
+TEST_F(FrmCLientTest, ANameAddedAfterADeletionSurvivesTheRewriteAtClosing) {
+  MakeList({"Α. Αλεξίου", "Β. Βασιλείου"});
+  FrmCLient& f = Open();
+  Highlight("Α. Αλεξίου");
+  prompter.QueueAnswer(Answer::Yes);
+  f.Cmd_Del_Click();
+  Highlight("Β. Βασιλείου");
+  f.Cmd_COR_Click();
+  f.Controls().at("Txt_Client").Type("Β. Βασιλείου-Δήμου");
+  prompter.QueueAnswer(Answer::Yes);
+  prompter.QueueAnswer(Answer::No);
+  f.Cmd_OK_Click();
+  // The correction lands on the record that holds the name, not on the deleted one.
+  EXPECT_EQ(ReadClients(ws).Names, (std::vector<std::string>{"Α. Αλεξίου", "Β. Βασιλείου-Δήμου"}));
+  f.Cmd_New_Click();
+  f.Controls().at("Txt_Client").Type("Γ. Γεωργίου");
+  prompter.QueueAnswer(Answer::Yes);
+  prompter.QueueAnswer(Answer::No);
+  f.Cmd_OK_Click();
+  f.CloseBox();
+  EXPECT_EQ(ReadClients(ws).Names, (std::vector<std::string>{"Β. Βασιλείου-Δήμου", "Γ. Γεωργίου"}));
+}
+
+TEST_F(FrmCLientTest, ChangingThePasswordRewritesEveryRecord) {
+  MakeList({"Α. Αλεξίου", "Β. Βασιλείου"}, "παλιό");
+  FrmCLient& f = Open();
+  screens.Queue(Passwords("παλιό"));
+  screens.Queue(Passwords("Νέο-Ω1", "Νέο-Ω1"));
+  f.Cmd_Lock_Click();
+  EXPECT_EQ(screens.Shown, (std::vector<std::string>{"FrmCLPass", "FrmCLPass"}));
+  EXPECT_EQ(Boxes(), std::vector<std::string>{});
+  EXPECT_EQ(f.Txt_Pass.Text, "Νέο-Ω1");
+  EXPECT_EQ(Bytes(), EncodeClients(ClientList{{"Α. Αλεξίου", "Β. Βασιλείου"}, "Νέο-Ω1"}));
+  f.CloseBox();
+  state.CurrentEngineer.clear();
+  EXPECT_EQ(Open().Txt_Pass.Text, "Νέο-Ω1");  // the Greek password reads back
+}
+
+TEST_F(FrmCLientTest, APasswordChangeStopsAtTheFirstCheckThatFails) {
+  MakeList({"Α. Αλεξίου"}, "παλιό");
+  const std::string before = Bytes();
+  FrmCLient& f = Open();
+  // A wrong entry in the hidden box: message 3, no password screen.
+  f.Controls().at("Txt_Pass").Type("άλλο");
+  f.Cmd_Lock_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage3});
+  EXPECT_TRUE(screens.Shown.empty());
+  f.Controls().at("Txt_Pass").Type("παλιό");
+  // A wrong existing password: the pass screen's message 3, and it stays until closed.
+  screens.Queue([](ScriptScreen& s) {
+    s.Controls().at("TxtPass").Type("λάθος");
+    s.Controls().at("CmdOK").Press();
+    EXPECT_FALSE(s.Closed());
+  });
+  f.Cmd_Lock_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{PassMessage(3).Lines.front()});
+  // Two new entries that differ: pass message 1.
+  screens.Queue(Passwords("παλιό"));
+  screens.Queue([](ScriptScreen& s) {
+    s.Controls().at("TxtPass").Type("ένα");
+    s.Controls().at("TxtPassOK").Type("δύο");
+    s.Controls().at("CmdOK").Press();
+    EXPECT_FALSE(s.Closed());
+  });
+  f.Cmd_Lock_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{PassMessage(1).Lines.front()});
+  EXPECT_EQ(Bytes(), before);
+  EXPECT_EQ(f.Txt_Pass.Text, "παλιό");
+}
+
+TEST_F(FrmCLientTest, AnEmptyNewPasswordUnlocksOnlyOnYes) {
+  MakeList({"Α. Αλεξίου"}, "παλιό");
+  FrmCLient& f = Open();
+  screens.Queue(Passwords("παλιό"));
+  screens.Queue([this](ScriptScreen& s) {
+    s.Controls().at("CmdOK").Press();  // both empty, the question's default is No
+    EXPECT_FALSE(s.Closed());
+    prompter.QueueAnswer(Answer::Yes);
+    s.Controls().at("CmdOK").Press();
+  });
+  f.Cmd_Lock_Click();
+  EXPECT_EQ(Boxes(),
+            (std::vector<std::string>{PassMessage(2).Lines.front(), PassMessage(2).Lines.front()}));
+  EXPECT_EQ(ReadClients(ws).Password, "");
+  EXPECT_EQ(f.Txt_Pass.Text, "");
+}
+
+TEST(FrmCLPassTest, TheModesShowTheirCaptionsAndBoxes) {
+  StudyState state;
+  ScriptedPrompter prompter;
+  FrmCLPass check(FrmCLPass::Mode::Check, "x", prompter, state);
+  EXPECT_EQ(check.Label1.Text, "Δώστε το υπάρχον Password :");
+  EXPECT_FALSE(check.LblOK.Visible);
+  EXPECT_FALSE(check.TxtPassOK.Visible);
+  FrmCLPass fresh(FrmCLPass::Mode::New, "x", prompter, state);
+  EXPECT_EQ(fresh.Label1.Text, "Δώστε το Νέο Password :");
+  EXPECT_TRUE(fresh.LblOK.Visible);
+  EXPECT_TRUE(fresh.TxtPassOK.Visible);
+  fresh.Controls().at("TxtPass").Type(std::string(30, 'p'));
+  EXPECT_EQ(fresh.TxtPass.Text, std::string(20, 'p'));  // the field's width
+}
+
+TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
+  WriteAllBytes(folder / kClientsFile, "");
+  FrmCLient& f = Open();
+  EXPECT_FALSE(f.Closed());
+  EXPECT_TRUE(f.Lst_Names.Items.empty());
+  f.Cmd_OK_Click();  // nothing to choose
+  f.Cmd_Del_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage5});
+  f.Cmd_New_Click();
+  f.Controls().at("Txt_Client").Type("Α. Αλεξίου");
+  f.Cmd_OK_Click();
+  EXPECT_EQ(ReadClients(ws).Names, std::vector<std::string>{"Α. Αλεξίου"});
+  // A garbage password field locks the list: the name can still be chosen, not added.
+  std::string bytes = Bytes();
+  for (std::size_t i = 80; i < 100; ++i) bytes[i] = static_cast<char>(0x90 + i);
+  WriteAllBytes(folder / kClientsFile, bytes);
+  FrmCLient& g = Open();
+  g.Cmd_New_Click();
+  g.Controls().at("Txt_Client").Type("Β");
+  g.Controls().at("Txt_Pass").Type("");
+  g.Cmd_OK_Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2});
+  EXPECT_EQ(Bytes(), bytes);
+}
+
+// Changing the password killed at every step of the rewrite: the list on disk is the old one or
+// the new one, and never holds two passwords.
+TEST_F(FrmCLientTest, APasswordChangeKilledAtAnyStepLeavesOnePassword) {
+  MakeList({"Α", "Β", "Γ"}, "παλιό");
+  const std::string oldBytes = Bytes();
+  const std::string newBytes = EncodeClients(ClientList{{"Α", "Β", "Γ"}, "νέο"});
+  for (int stop = 1; stop <= 4; ++stop) {
+    WriteAllBytes(folder / kClientsFile, oldBytes);
+    KillAtRewriteStep(stop, [&] {
+      screens.Queue(Passwords("παλιό"));
+      screens.Queue(Passwords("νέο", "νέο"));
+      Open().Cmd_Lock_Click();
+    });
+    const std::string bytes = Bytes();
+    EXPECT_TRUE(bytes == oldBytes || bytes == newBytes) << "stop " << stop;
+    if (stop == 4) {
+      EXPECT_EQ(bytes, newBytes);  // the hook never stopped it
+    }
+  }
+}
+
+}  // namespace
