@@ -393,6 +393,20 @@ TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
   f.Controls().at("Txt_Client").Type("Α. Αλεξίου");
   f.Cmd_OK_Click();
   EXPECT_EQ(ReadClients(ws).Names, std::vector<std::string>{"Α. Αλεξίου"});
+  // A record cut short, one and a half records: a name is still added after them.
+  for (const std::size_t size : {99u, 150u}) {
+    WriteAllBytes(folder / kClientsFile, std::string(size, 'Q'));
+    FrmCLient& cut = Open();
+    cut.Cmd_New_Click();
+    cut.Controls().at("Txt_Client").Type("Ω");
+    cut.Controls().at("Txt_Pass").Type(cut.Txt_Pass.Text);
+    prompter.QueueAnswer(Answer::Yes);
+    prompter.QueueAnswer(Answer::No);
+    cut.Cmd_OK_Click();
+    EXPECT_EQ(ReadClients(ws).Names.back(), "Ω") << size;
+    EXPECT_EQ(std::filesystem::file_size(folder / kClientsFile) % 100, 0u) << size;
+  }
+  MakeList({"Α. Αλεξίου"});
   // A garbage password field locks the list: the name can still be chosen, not added.
   std::string bytes = Bytes();
   for (std::size_t i = 80; i < 100; ++i) bytes[i] = static_cast<char>(0x90 + i);
