@@ -154,6 +154,7 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
     CommandBoundary boundary(ws, prompter);
     FrmRavolin form(ws, state, prompter, platform, boundary, screens);
     boundary.Run([&] { form.Form_Load(); });
+    form.KeepOtherSheetsWater(true);
     prompter.Clear();
     const bool opened = boundary.Run([&] { form.OpenFile(study.string()); });
     if (!opened || !ws.FileExists("SHEETS.TMP")) {
@@ -172,7 +173,9 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
       boundary.Run([&] { form.CmdCalc_Click(); });
       // A check that stopped the calculation has said why; the sheet keeps what it held.
       report.Calculated = state.Calculated == -1 && prompter.History().empty();
-      if (report.Calculated) boundary.Run([&] { form.SaveTemporarData(); });
+      // A save that failed was undone; the next one goes over all the sheets again.
+      if (report.Calculated && !boundary.Run([&] { form.SaveTemporarData(); }))
+        form.KeepOtherSheetsWater(true);
       all = all && report.Calculated;
       report.LoopNo = form.TxtLoopNo.Text;
       report.Header = {form.TxtLoopLoad.Text, form.TxtFlow.Text, form.TxtVelocity.Text,

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <limits>
@@ -146,12 +147,17 @@ bool RawRecordFile::ReadBytes(int32_t n, unsigned char* bytes) const {
 }
 
 std::string RawRecordFile::ReadAllBytes(int32_t count) const {
-  std::string bytes(static_cast<std::size_t>(count) * recordLength_, '\0');
-  if (fd_ < 0) return bytes;
+  return ReadRangeBytes(1, count);
+}
+
+std::string RawRecordFile::ReadRangeBytes(int32_t first, int32_t count) const {
+  std::string bytes(static_cast<std::size_t>(std::max(count, 0)) * recordLength_, '\0');
+  if (fd_ < 0 || bytes.empty()) return bytes;
+  const off_t start = static_cast<off_t>(OffsetOf(first, recordLength_, path_));
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t got =
-        ::pread(fd_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
+        ::pread(fd_, bytes.data() + done, bytes.size() - done, start + static_cast<off_t>(done));
     if (got < 0) {
       if (errno == EINTR) continue;
       ThrowErrno(errno, path_, "read of the records");

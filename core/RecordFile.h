@@ -35,6 +35,8 @@ class RawRecordFile {
   void WriteBytes(int32_t n, const unsigned char* bytes);
   // Records 1 to `count` in one read, the bytes past the end zeros.
   std::string ReadAllBytes(int32_t count) const;
+  // Records `first` to first + count - 1 in one read, the bytes past the end zeros.
+  std::string ReadRangeBytes(int32_t first, int32_t count) const;
   // Flushes to the disk (fsync).
   void Flush();
   void Close();
@@ -78,6 +80,10 @@ class RecordFile {
   std::string ReadAllBytes() const {
     const int32_t count = Count();
     return count > 0 ? raw_.ReadAllBytes(count) : std::string();
+  }
+  // The bytes of records `first` to first + count - 1, read in one piece.
+  std::string ReadRangeBytes(int32_t first, int32_t count) const {
+    return raw_.ReadRangeBytes(first, count);
   }
   // Every record, read in one piece.
   std::vector<T> ReadAll() const {

@@ -82,6 +82,14 @@ class FrmRavolin : public ScriptScreen {
   // The running load of FrmRavoAdd, which starts from TxtLoopLoad.
   float AddedLoad = 0;
   CellBlock SelectionBlock;
+
+  // For a batch run, which saves one sheet after another and changes nothing else: after one
+  // save has worked out the water of every sheet, a save works out only its own sheet's. Any
+  // call starts again from a full pass.
+  void KeepOtherSheetsWater(bool keep) {
+    keepOtherSheetsWater_ = keep;
+    otherSheetsWaterKnown_ = false;
+  }
   // The sort keys of the usable type files, "002/Χαλύβδινα Πάνελ.ths", kept sorted.
   std::vector<std::string> SomaSortKeys;
   // Set while the program selects an entry of CboSomata itself: the change handler then only
@@ -262,7 +270,9 @@ class FrmRavolin : public ScriptScreen {
   void WriteRowSize(int row, const SomaSize& size);
   void SizeRow(int row, float tempDiff, float equivalent, SomaSize& size);
   void RebuildRunningSum();
-  void ComputeWaterContent();
+  // The water of every sheet, or in a batch run after the first pass, of the sheet just saved.
+  void ComputeWaterContent(int16_t savedSheet);
+  void UpdateWaterContent(RecordFile<SheetRecord>& sheets, int32_t first, int32_t last);
   void SelectFamilyQuietly(int index);
   // Steps 4 and 5 of taking the working copy, for the rows `first` to `last`.
   void TakeModelLists(int first, int last);
@@ -283,6 +293,7 @@ class FrmRavolin : public ScriptScreen {
   RadiatorSizing sizing_;
   Screens& screens_;
   std::string oldThema_;
+  bool keepOtherSheetsWater_ = false, otherSheetsWaterKnown_ = false;
   bool closed_ = false;
   bool cboSomataGoingBack_ = false;
 };

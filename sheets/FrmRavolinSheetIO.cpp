@@ -67,7 +67,7 @@ void FrmRavolin::SaveTemporarData() {
     }
   }
   st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile).Count());
-  ComputeWaterContent();
+  ComputeWaterContent(sheet);
   st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile).Count());
 }
 
@@ -182,38 +182,51 @@ void FrmRavolin::WriteSheetRecord(RecordFile<SheetRecord>& sheets, int16_t sheet
 // The water held in each loop: the pipe by its length, and the water of each radiator's model
 // once per radiator, whatever its number of steps or sections. Records whose bytes would not
 // change are not written again.
-void FrmRavolin::ComputeWaterContent() {
+void FrmRavolin::ComputeWaterContent(int16_t savedSheet) {
   auto sheets = ws_.Records<SheetRecord>(kSheetsFile);
-  auto loops = ws_.Records<LoopRecord>(kLoopsFile);
   const int32_t count = sheets.Count();
+  // A batch run saves one sheet after another and nothing else touches the others: once a
+  // pass has gone over all of them, a new pass would find the same water in every other sheet.
+  if (otherSheetsWaterKnown_ && savedSheet >= 1 && savedSheet <= count)
+    UpdateWaterContent(sheets, savedSheet, savedSheet);
+  else
+    UpdateWaterContent(sheets, 1, count);
+  otherSheetsWaterKnown_ = keepOtherSheetsWater_;
+}
+
+void FrmRavolin::UpdateWaterContent(RecordFile<SheetRecord>& sheets, int32_t first, int32_t last) {
+  if (last < first) return;
+  auto loops = ws_.Records<LoopRecord>(kLoopsFile);
   std::map<float, std::vector<SomaRecord>> families;
   const auto familyOf = [&](float categoryNo) -> const std::vector<SomaRecord>& {
     auto at = families.find(categoryNo);
     if (at == families.end()) at = families.emplace(categoryNo, ReadFamilyOf(categoryNo)).first;
     return at->second;
   };
-  // The files are scanned in one read each and only the fields the content needs are decoded;
-  // a record is decoded whole and written only when its bytes change.
-  const std::string sheetBytes = sheets.ReadAllBytes();
-  const std::string loopBytes = loops.ReadAllBytes();
-  const auto bytesOf = [](const std::string& all, int32_t n, std::size_t length) {
-    return reinterpret_cast<const unsigned char*>(all.data()) + (n - 1) * length;
+  // The records are read in one piece per file and only the fields the content needs are
+  // decoded; a record is decoded whole and written only when its bytes change.
+  const int32_t firstLoop = LoopRecordNumber(first, 1);
+  const std::string sheetBytes = sheets.ReadRangeBytes(first, last - first + 1);
+  const std::string loopBytes = loops.ReadRangeBytes(firstLoop, (last - first + 1) * kRowsPerSheet);
+  const auto bytesOf = [](const std::string& piece, int32_t index, std::size_t length) {
+    return reinterpret_cast<const unsigned char*>(piece.data()) + index * length;
   };
-  const auto loopCount = static_cast<int32_t>(loopBytes.size() / LoopRecordLayout.RecordLength);
+  const int32_t loopCount = loops.Count();
   double litres = 0;
-  for (int32_t s = 1; s <= count; ++s) {
+  for (int32_t s = first; s <= last; ++s) {
+    const unsigned char* sheetAt = bytesOf(sheetBytes, s - first, SheetRecordLayout.RecordLength);
     SheetRecord sheet;
-    DecodeNumbersAnd(bytesOf(sheetBytes, s, SheetRecordLayout.RecordLength), sheet,
-                     {&SheetRecord::PipeName});
+    DecodeNumbersAnd(sheetAt, sheet, {&SheetRecord::PipeName});
     const std::vector<SomaRecord>& models = familyOf(sheet.SomaCategoryNo);
     LitresPerMetre(sheet.PipeName, litres);
     float water = static_cast<float>(sheet.LoopLength * litres);
     for (int row = 1; row <= kRowsPerSheet; ++row) {
       const int32_t number = LoopRecordNumber(s, row);
       if (number > loopCount) continue;  // a file cut short reads as empty records
+      const unsigned char* loopAt =
+          bytesOf(loopBytes, number - firstLoop, LoopRecordLayout.RecordLength);
       LoopRecord record;
-      DecodeNumbersAnd(bytesOf(loopBytes, number, LoopRecordLayout.RecordLength), record,
-                       {&LoopRecord::SomaType});
+      DecodeNumbersAnd(loopAt, record, {&LoopRecord::SomaType});
       const SomaRecord* model = nullptr;
       for (const SomaRecord& m : models)
         if (Trim(m.SomaType) == Trim(record.SomaType)) {
@@ -223,12 +236,12 @@ void FrmRavolin::ComputeWaterContent() {
       if (model == nullptr) continue;
       water = static_cast<float>(water + static_cast<double>(model->UnitWater));
       if (record.SomaWater == model->UnitWater) continue;
-      DecodeRecord(bytesOf(loopBytes, number, LoopRecordLayout.RecordLength), record);
+      DecodeRecord(loopAt, record);
       record.SomaWater = model->UnitWater;
       loops.Write(number, record);
     }
     if (sheet.WaterContent == water) continue;
-    DecodeRecord(bytesOf(sheetBytes, s, SheetRecordLayout.RecordLength), sheet);
+    DecodeRecord(sheetAt, sheet);
     sheet.WaterContent = water;
     sheets.Write(s, sheet);
   }
@@ -350,10 +363,11 @@ std::vector<bool> FrmRavolin::PutLoopsOfSheetOnScreen(int16_t sheet) {
   for (int32_t n = 1; n <= count; ++n) {
     const auto* at = reinterpret_cast<const unsigned char*>(bytes.data()) +
                      (n - 1) * LoopRecordLayout.RecordLength;
+    // Only the sheet number is needed to walk past the records of other sheets.
+    const int16_t sheetNo = record_codec::GetI16(at);  // SheetNo leads the record
+    if (sheetNo > sheet) break;
+    if (sheetNo != sheet) continue;
     LoopRecord record;
-    DecodeNumbersAnd(at, record, {});
-    if (record.SheetNo > sheet) break;
-    if (record.SheetNo != sheet) continue;
     DecodeRecord(at, record);
     PutLoopDataOnScreen(record);
     if (record.RowNo >= 1 && record.RowNo <= kRowsPerSheet) rowsMet[record.RowNo] = true;
