@@ -45,7 +45,8 @@ double Median(std::vector<double> times) {
 
 }  // namespace
 
-int main() {
+// With a folder as argument, the program folder and its study are copied there for a profiler.
+int main(int argc, char** argv) {
   setenv("RAVOLINETTE_PAUSE_MS", "0", 1);
   TempFolder home;
   Workspace ws(home.Path());
@@ -54,6 +55,8 @@ int main() {
   const auto study = MakeStudyOfCopies(
       ws, "Μελέτη", 200, {"950", "820", "1130", "640", "780", "1010", "560", "870"}, "III/905");
   const auto lps = study.parent_path() / "Μελέτη.lps";
+  if (argc > 1)
+    std::filesystem::copy(home.Path(), argv[1], std::filesystem::copy_options::recursive);
   std::filesystem::create_directory(home / "copy");
   std::vector<double> recalculate, copy;
   for (int i = 0; i < 9; ++i) {
