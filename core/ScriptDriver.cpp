@@ -224,8 +224,9 @@ void ScriptDriver::RunModal(ScriptScreen& screen) {
   modal_.push_back(&screen);
   while (!screen.Closed() && next_ < lines_.size()) Execute(lines_[next_++]);
   // The script ended with the screen still open: its close box ends it, so that the command
-  // that opened it can finish.
-  if (!screen.Closed()) screen.CloseBox();
+  // that opened it can finish. The close is a command of its own, as a user's click would be:
+  // if it fails, only its own changes are undone.
+  if (!screen.Closed()) Act([&screen] { screen.CloseBox(); });
   const auto at = std::find(modal_.begin(), modal_.end(), &screen);
   if (at != modal_.end()) modal_.erase(at, modal_.end());
 }
