@@ -12,7 +12,7 @@
 
 namespace {
 
-// A screen opened from a dialog stands over that dialog.
+// Runs a screen's view until it closes. A screen opened from a dialog stands over that dialog.
 template <typename View, typename Logic>
 void Exec(Logic& logic, CommandBoundary& boundary, QWidget* parent) {
   QWidget* over = QApplication::activeModalWidget();
@@ -28,17 +28,13 @@ void QtScreens::ShowModal(ScriptScreen& screen) {
   } else if (auto* pass = dynamic_cast<FrmCLPass*>(&screen)) {
     Exec<FrmCLPassView>(*pass, boundary_, parent_);
   } else if (auto* add = dynamic_cast<FrmRavoAdd*>(&screen)) {
-    FrmRavoAddView view(*add, boundary_, parent_);
-    view.exec();
+    Exec<FrmRavoAddView>(*add, boundary_, parent_);
   } else if (auto* sheets = dynamic_cast<FrmRavoSheets*>(&screen)) {
-    FrmRavoSheetsView view(*sheets, boundary_, parent_);
-    view.exec();
+    Exec<FrmRavoSheetsView>(*sheets, boundary_, parent_);
   } else if (auto* old = dynamic_cast<FrmOldStudy*>(&screen)) {
-    FrmOldStudyView view(*old, boundary_, parent_);
-    view.exec();
+    Exec<FrmOldStudyView>(*old, boundary_, parent_);
   } else if (auto* browser = dynamic_cast<FrmOpenSave_M*>(&screen)) {
-    FrmOpenSave_MView view(*browser, boundary_, parent_);
-    view.exec();
+    Exec<FrmOpenSave_MView>(*browser, boundary_, parent_);
   } else {
     throw RuntimeFault(FaultCode::Internal, "no view for " + screen.ScreenName());
   }

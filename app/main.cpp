@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 #include "CommandBoundary.h"
 #include "FrmRavolin.h"
-#include "ScreenWiring.h"
 #include "FrmRavolinView.h"
 #include "InstanceLock.h"
 #include "Options.h"
@@ -17,6 +17,7 @@
 #include "QtScreens.h"
 #include "Recalculate.h"
 #include "RuntimeFault.h"
+#include "ScreenWiring.h"
 #include "ScriptRun.h"
 #include "StudyState.h"
 #include "Workspace.h"
@@ -48,6 +49,18 @@ std::unique_ptr<Workspace> OpenWorkspace(const Options& options, const char* arg
   return ws;
 }
 
+// The program folder for a run that works in it: none when it cannot be opened, or when another
+// copy of the program holds it (the second copy is told so). `lock` keeps the hold.
+std::unique_ptr<Workspace> OpenOwnWorkspace(const Options& options, const char* argv0,
+                                            Prompter& prompter, std::optional<InstanceLock>& lock) {
+  auto ws = OpenWorkspace(options, argv0, prompter);
+  if (!ws) return nullptr;
+  lock.emplace(ws->Folder());
+  if (lock->Held()) return ws;
+  prompter.Show(SecondCopyMessage());
+  return nullptr;
+}
+
 // The old screen came up centred, a little below the middle (200 twips).
 void Centre(QWidget& window) {
   const QScreen* screen = QGuiApplication::primaryScreen();
@@ -61,13 +74,9 @@ int RunDesktop(int argc, char** argv, const Options& options) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("ravolinette"));
   QtPrompter prompter;
-  auto ws = OpenWorkspace(options, argv[0], prompter);
+  std::optional<InstanceLock> lock;
+  auto ws = OpenOwnWorkspace(options, argv[0], prompter, lock);
   if (!ws) return 2;
-  const InstanceLock lock(ws->Folder());
-  if (!lock.Held()) {
-    prompter.Show(SecondCopyMessage());
-    return 2;
-  }
   Workspace::SetEventPump([] { QCoreApplication::processEvents(); });
   QtPlatform platform;
   StudyState state;
@@ -115,13 +124,9 @@ int main(int argc, char** argv) {
   }
   if (options.Script) {
     StderrPrompter prompter;
-    auto ws = OpenWorkspace(options, argv[0], prompter);
+    std::optional<InstanceLock> lock;
+    auto ws = OpenOwnWorkspace(options, argv[0], prompter, lock);
     if (!ws) return 2;
-    const InstanceLock lock(ws->Folder());
-    if (!lock.Held()) {
-      prompter.Show(SecondCopyMessage());
-      return 2;
-    }
     return RunScript(options, *ws, std::cout, std::cerr);
   }
   return RunDesktop(argc, argv, options);

@@ -82,7 +82,6 @@ void FrmCLient::OpenEntry(const std::string& caption, const std::string& text) {
 void FrmCLient::CloseEntry() {
   Lbl_Entry.Visible = false;
   Txt_Client.Visible = false;
-  newName_ = correction_ = false;
   correctedEntry_ = -1;
 }
 
@@ -93,8 +92,6 @@ std::string FrmCLient::HighlightedName() const {
 
 void FrmCLient::Cmd_New_Click() {
   OpenEntry(kNewCaption, "");
-  newName_ = true;
-  correction_ = false;
   correctedEntry_ = -1;
 }
 
@@ -102,8 +99,6 @@ void FrmCLient::Cmd_COR_Click() {
   const int index = Lst_Names.SelectedIndex();
   if (index < 0) return;
   OpenEntry(kCorrectionCaption, Lst_Names.Items[index]);
-  correction_ = true;
-  newName_ = false;
   correctedEntry_ = index;
 }
 
@@ -144,14 +139,13 @@ void FrmCLient::Cmd_OK_Click() {
     Ask(9);
     return;
   }
-  if ((newName_ || correction_) && Ask(correction_ ? 6 : 1) == "YES") KeepEntryInList(name);
+  if (Ask(CorrectionMode() ? 6 : 1) == "YES") KeepEntryInList(name);
   ChooseEngineer(name);
 }
 
 void FrmCLient::KeepEntryInList(const std::string& name) {
   std::fill(Lst_Names.Selected.begin(), Lst_Names.Selected.end(), false);
-  if (correction_ && correctedEntry_ >= 0 &&
-      correctedEntry_ < static_cast<int>(Lst_Names.Items.size())) {
+  if (CorrectionMode() && correctedEntry_ < static_cast<int>(Lst_Names.Items.size())) {
     CorrectInFile(records_[correctedEntry_], name);
     std::string& entry = Lst_Names.Items[correctedEntry_];
     if (entry == st_.CurrentEngineer) st_.CurrentEngineer = name;

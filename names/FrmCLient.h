@@ -41,8 +41,9 @@ class FrmCLient : public ScriptScreen {
   // Only what the file's code page can hold is typed into a name or a password.
   static bool Txt_KeyPress(char32_t ch);
 
-  bool NewNameMode() const { return newName_; }
-  bool CorrectionMode() const { return correction_; }
+  // The entry is open for a new name, or for the correction of a name of the list.
+  bool NewNameMode() const { return Txt_Client.Visible && correctedEntry_ < 0; }
+  bool CorrectionMode() const { return Txt_Client.Visible && correctedEntry_ >= 0; }
 
   std::string ScreenName() const override { return "FrmCLient"; }
   ControlMap& Controls() override { return controls_; }
@@ -72,8 +73,7 @@ class FrmCLient : public ScriptScreen {
   ControlMap controls_;
   std::string kept_;          // the password of the list, as read at opening or set since
   std::vector<int> records_;  // the file record of each list entry
-  bool newName_ = false, correction_ = false;
-  int correctedEntry_ = -1;  // the list entry being corrected
-  bool deleted_ = false;     // a name left the list: the file is written anew on closing
+  int correctedEntry_ = -1;   // the list entry being corrected, -1 for a new name
+  bool deleted_ = false;      // a name left the list: the file is written anew on closing
   bool closed_ = false;
 };

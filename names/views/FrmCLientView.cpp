@@ -40,7 +40,7 @@ FrmCLientView::FrmCLientView(FrmCLient& logic, CommandBoundary& boundary, QWidge
   // The counter follows every change, as the engineer types.
   connect(entry_, &QLineEdit::textEdited, this, [this] {
     logic_.Txt_Client_Change();
-    labels_.at("LblNoChars")->setText(QString::fromStdString(logic_.LblNoChars.Text));
+    Render();
   });
   layout->addWidget(entry_, 4, 0);
   layout->addWidget(AddLabel("LblNoChars", logic_.LblNoChars), 5, 0, Qt::AlignRight);
@@ -80,14 +80,13 @@ FrmCLientView::FrmCLientView(FrmCLient& logic, CommandBoundary& boundary, QWidge
 QLabel* FrmCLientView::AddLabel(const std::string& name, Field& field) {
   auto* label = new QLabel(this);
   label->setObjectName(QString::fromStdString(name));
-  shown_[name] = {label, &field};
-  labels_[name] = label;
+  labels_[name] = {label, &field};
   return label;
 }
 
 void FrmCLientView::Render() {
   rendering_ = true;
-  for (const auto& [name, shown] : shown_) {
+  for (const auto& [name, shown] : labels_) {
     shown.first->setText(QString::fromStdString(shown.second->Text));
     shown.first->setVisible(shown.second->Visible);
   }

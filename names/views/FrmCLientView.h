@@ -23,7 +23,7 @@ class FrmCLientView : public QDialog {
   QListWidget* List() const { return list_; }
   FilteredLineEdit* Entry() const { return entry_; }
   FilteredLineEdit* Password() const { return password_; }
-  QLabel* Label(const std::string& name) const { return labels_.at(name); }
+  QLabel* Label(const std::string& name) const { return labels_.at(name).first; }
   QPushButton* Button(const std::string& name) const { return buttons_.at(name); }
 
  protected:
@@ -36,8 +36,7 @@ class FrmCLientView : public QDialog {
   QListWidget* list_ = nullptr;
   FilteredLineEdit* entry_ = nullptr;
   FilteredLineEdit* password_ = nullptr;
-  std::map<std::string, std::pair<QLabel*, Field*>> shown_;
-  std::map<std::string, QLabel*> labels_;
+  std::map<std::string, std::pair<QLabel*, Field*>> labels_;
   std::map<std::string, QPushButton*> buttons_;
   bool rendering_ = false;
 };
