@@ -1,18 +1,27 @@
 #pragma once
-// The modal screens on the desktop: each screen's logic gets its view, which runs until the
-// logic closes. This is the one place that knows which view belongs to which screen.
+// The modal screens on the desktop: each screen gets the view the registry holds for its name,
+// which runs until the screen closes. A screen opened from a dialog stands over that dialog.
 #include <QWidget>
 
 #include "CommandBoundary.h"
+#include "ScreenView.h"
 #include "Screens.h"
 
 class QtScreens : public Screens {
  public:
-  explicit QtScreens(CommandBoundary& boundary) : boundary_(boundary) {}
-  void SetParent(QWidget* parent) { parent_ = parent; }
+  explicit QtScreens(const ViewRegistry& views) : views_(views) {}
+  // The boundary the views run their commands through, and the main window.
+  void Attach(CommandBoundary& boundary, QWidget* parent) {
+    boundary_ = &boundary;
+    parent_ = parent;
+  }
   void ShowModal(ScriptScreen& screen) override;
 
  private:
-  CommandBoundary& boundary_;
+  const ViewRegistry& views_;
+  CommandBoundary* boundary_ = nullptr;
   QWidget* parent_ = nullptr;
 };
+
+// Every view of the program's screens.
+ViewRegistry ProgramViews();

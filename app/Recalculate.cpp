@@ -7,8 +7,7 @@
 
 #include "CommandBoundary.h"
 #include "Cp1253.h"
-#include "FrmRavolin.h"
-#include "StudyState.h"
+#include "Program.h"
 #include "SystemSeparators.h"
 
 namespace fs = std::filesystem;
@@ -150,13 +149,16 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
     ScriptedPrompter prompter;
     BatchPlatform platform;
     BatchScreens screens;
-    StudyState state;
-    CommandBoundary boundary(ws, prompter);
-    FrmRavolin form(ws, state, prompter, platform, boundary, screens);
-    boundary.Run([&] { form.Form_Load(); });
+    Program program(ws, prompter, platform, screens);
+    StudyState& state = program.State;
+    FrmRavolin& form = program.Main;
+    const auto boundary = [&](const std::function<void()>& command) {
+      return program.Boundary.Run(form, command);
+    };
+    boundary([&] { form.Form_Load(); });
     form.KeepOtherSheetsWater(true);
     prompter.Clear();
-    const bool opened = boundary.Run([&] { form.OpenFile(study.string()); });
+    const bool opened = boundary([&] { form.OpenFile(study.string()); });
     if (!opened || !ws.FileExists("SHEETS.TMP")) {
       for (const auto& shown : prompter.History()) err << shown.Box.OneLine() << '\n';
       if (prompter.History().empty()) err << "... Η Μελέτη δεν διαβάστηκε: " << study << '\n';
@@ -169,12 +171,12 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
       prompter.Clear();
       SheetReport report;
       report.Number = s;
-      boundary.Run([&] { form.LoadSheet(s); });
-      boundary.Run([&] { form.CmdCalc_Click(); });
+      boundary([&] { form.LoadSheet(s); });
+      boundary([&] { form.CmdCalc_Click(); });
       // A check that stopped the calculation has said why; the sheet keeps what it held.
       report.Calculated = state.Calculated == -1 && prompter.History().empty();
       // A save that failed was undone; the next one goes over all the sheets again.
-      if (report.Calculated && !boundary.Run([&] { form.SaveTemporarData(); }))
+      if (report.Calculated && !boundary([&] { form.SaveTemporarData(); }))
         form.KeepOtherSheetsWater(true);
       all = all && report.Calculated;
       report.LoopNo = form.TxtLoopNo.Text;
@@ -196,7 +198,7 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
     }
     if (options.Write) {
       prompter.Clear();
-      if (!boundary.Run([&] { form.SaveAsFile(study.string()); })) {
+      if (!boundary([&] { form.SaveAsFile(study.string()); })) {
         for (const auto& shown : prompter.History()) err << shown.Box.OneLine() << '\n';
         return 2;
       }

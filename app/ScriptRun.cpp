@@ -2,11 +2,8 @@
 
 #include <ostream>
 
-#include "CommandBoundary.h"
-#include "FrmRavolin.h"
-#include "ScreenWiring.h"
+#include "Program.h"
 #include "ScriptDriver.h"
-#include "StudyState.h"
 #include "SystemSeparators.h"
 
 namespace {
@@ -55,13 +52,12 @@ int RunScript(const Options& options, Workspace& workspace, std::ostream& out, s
   ScriptDriver driver(prompter, workspace.Folder(), out);
   ScriptPlatform platform({options.ScreenWidth, options.ScreenHeight}, out, driver,
                           workspace.Folder());
-  StudyState state;
-  CommandBoundary boundary(workspace, prompter);
   ScriptScreens screens(driver);
-  FrmRavolin main(workspace, state, prompter, platform, boundary, screens);
-  WireScreens(main, workspace, state, prompter, screens);
-  driver.SetMainScreen(&main);
-  driver.SetCommandRunner([&](const std::function<void()>& action) { boundary.Run(action); });
-  driver.SetStartup([&] { main.Form_Load(); });
+  Program program(workspace, prompter, platform, screens);
+  driver.SetMainScreen(&program.Main);
+  driver.SetCommandRunner([&](ScriptScreen& screen, const std::function<void()>& action) {
+    program.Boundary.Run(screen, action);
+  });
+  driver.SetStartup([&] { program.Main.Form_Load(); });
   return driver.RunFile(*options.Script, err);
 }

@@ -5,12 +5,19 @@
 #include "ScriptDriver.h"
 #include "Workspace.h"
 
-Message FaultMessage(const RuntimeFault& fault) {
+Message FaultMessage(const RuntimeFault& fault, const std::vector<std::string>& unrestored) {
   Message m;
   m.Title = "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...";
   m.Lines.push_back("... " + std::string(FaultText(fault.Code())) + " ...");
   if (!fault.Detail().empty()) m.Lines.push_back("... " + fault.Detail() + " ...");
-  m.Lines.push_back("... Η εντολή διακόπηκε. Τα αρχεία εργασίας έμειναν όπως ήταν ...");
+  if (unrestored.empty()) {
+    m.Lines.push_back("... Η εντολή διακόπηκε. Τα αρχεία εργασίας έμειναν όπως ήταν ...");
+  } else {
+    std::string names;
+    for (const std::string& name : unrestored) names += (names.empty() ? "" : ", ") + name;
+    m.Lines.push_back("... Η εντολή διακόπηκε. ΔΕΝ επανήλθαν τα αρχεία εργασίας : " + names +
+                      " ...");
+  }
   m.Buttons = MessageButtons::Ok;
   m.Icon = MessageIcon::Critical;
   m.Default = Answer::Ok;
@@ -18,12 +25,23 @@ Message FaultMessage(const RuntimeFault& fault) {
   return m;
 }
 
-CommandBoundary::CommandBoundary(Workspace& workspace, Prompter& prompter)
-    : workspace_(workspace), prompter_(prompter) {}
+CommandBoundary::CommandBoundary(Workspace& workspace, Prompter& prompter, StudyState& state)
+    : workspace_(workspace), prompter_(prompter), state_(state) {}
+
+bool CommandBoundary::Run(ScriptScreen& screen, const std::function<void()>& command) {
+  return Execute(&screen, command);
+}
 
 bool CommandBoundary::Run(const std::function<void()>& command) {
+  return Execute(nullptr, command);
+}
+
+bool CommandBoundary::Execute(ScriptScreen* screen, const std::function<void()>& command) {
   if (Workspace::InPause()) return false;
+  const StudyState state = state_;
+  const std::function<void()> restoreScreen = screen ? screen->Keep() : [] {};
   workspace_.BeginCommand();
+  RuntimeFault failure(FaultCode::Internal);
   try {
     command();
     workspace_.CommitCommand();
@@ -34,25 +52,18 @@ bool CommandBoundary::Run(const std::function<void()>& command) {
     workspace_.CommitCommand();
     throw;
   } catch (const RuntimeFault& fault) {
-    Fail(fault);
+    failure = fault;
   } catch (const std::exception& e) {
-    Fail(RuntimeFault(FaultCode::Internal, e.what()));
+    failure = RuntimeFault(FaultCode::Internal, e.what());
   } catch (...) {
-    Fail(RuntimeFault(FaultCode::Internal));
   }
+  const std::vector<std::string> unrestored = workspace_.RollbackCommand();
+  restoreScreen();
+  state_ = state;
+  prompter_.Show(FaultMessage(failure, unrestored));
   return false;
 }
 
 void CommandBoundary::Report(const RuntimeFault& fault) {
   prompter_.Show(FaultMessage(fault));
-}
-
-void CommandBoundary::Fail(const RuntimeFault& fault) {
-  try {
-    workspace_.RollbackCommand();
-  } catch (...) {
-    // Kept on purpose: a file that cannot be put back must not take the program down with it;
-    // the message below still tells the engineer that the command failed.
-  }
-  Report(fault);
 }

@@ -139,8 +139,17 @@ std::string FilterTyped(const std::string& current, const std::string& typed,
   return result;
 }
 
-Control LabelControl(const Field& field) {
+const void* Control::Object() const {
+  if (Text) return Text;
+  if (Combo) return Combo;
+  if (List) return List;
+  if (Check) return Check;
+  return Grid;
+}
+
+Control LabelControl(Field& field) {
   Control c;
+  c.Text = &field;
   c.GetText = [&field] { return field.Text; };
   c.Enabled = [&field] { return field.Enabled; };
   c.Visible = [&field] { return field.Visible; };
@@ -149,6 +158,8 @@ Control LabelControl(const Field& field) {
 
 Control TextBoxControl(Field& field, TextBoxEvents events) {
   Control c = LabelControl(field);
+  c.Kind = ControlKind::TextBox;
+  c.Events = events;
   c.Type = [&field, events = std::move(events)](const std::string& text) {
     TypeIntoTextBox(field, events, text);
   };
@@ -157,6 +168,8 @@ Control TextBoxControl(Field& field, TextBoxEvents events) {
 
 Control ComboControl(ComboBox& combo, std::function<void()> click) {
   Control c;
+  c.Kind = ControlKind::ComboBox;
+  c.Combo = &combo;
   c.GetText = [&combo] { return combo.Text(); };
   c.Entries = [&combo] { return combo.Items; };
   c.Enabled = [&combo] { return combo.Enabled; };
@@ -175,6 +188,8 @@ Control ComboControl(ComboBox& combo, std::function<void()> click) {
 
 Control ListControl(ListBox& list, std::function<void()> click) {
   Control c;
+  c.Kind = ControlKind::ListBox;
+  c.List = &list;
   c.Entries = [&list] { return list.Items; };
   c.Enabled = [&list] { return list.Enabled; };
   c.Visible = [&list] { return list.Visible; };
@@ -188,8 +203,34 @@ Control ListControl(ListBox& list, std::function<void()> click) {
   return c;
 }
 
-Control CommandControl(const Field& field, std::function<void()> click) {
+Control CommandControl(Field& field, std::function<void()> click) {
   Control c = LabelControl(field);
+  c.Kind = ControlKind::Command;
   c.Press = std::move(click);
+  return c;
+}
+
+Control CheckControl(CheckBox& check, std::function<void()> click) {
+  Control c;
+  c.Kind = ControlKind::CheckBox;
+  c.Check = &check;
+  c.GetText = [&check] { return check.Text; };
+  c.Enabled = [&check] { return check.Enabled; };
+  c.Visible = [&check] { return check.Visible; };
+  c.Checked = [&check] { return check.Value; };
+  c.Press = [&check, click = std::move(click)] {
+    check.Value = !check.Value;
+    if (click) click();
+  };
+  return c;
+}
+
+Control GridControl(TextGrid& grid, GridEvents events) {
+  Control c;
+  c.Kind = ControlKind::Grid;
+  c.Grid = &grid;
+  c.EditCell = std::move(events.EditCell);
+  c.ClickCell = std::move(events.ClickCell);
+  c.MarkBlock = std::move(events.MarkBlock);
   return c;
 }

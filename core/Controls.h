@@ -34,6 +34,7 @@ struct ListBox {
   std::vector<bool> Selected;  // one flag per entry
   bool Enabled = true;
   bool Visible = true;
+  bool MultiSelect = false;  // the user may select several entries
   // The first selected entry, -1 when none is.
   int SelectedIndex() const {
     for (std::size_t i = 0; i < Selected.size() && i < Items.size(); ++i)
@@ -44,6 +45,14 @@ struct ListBox {
     Items = std::move(items);
     Selected.assign(Items.size(), false);
   }
+};
+
+// A check box or an option.
+struct CheckBox {
+  std::string Text;
+  bool Value = false;
+  bool Enabled = true;
+  bool Visible = true;
 };
 
 // Keys that reach a screen. Char carries a typed character (letters for Shift-Q and the like).
@@ -110,8 +119,24 @@ void TypeIntoTextBox(Field& field, const TextBoxEvents& events, const std::strin
 std::string FilterTyped(const std::string& current, const std::string& typed,
                         const std::function<bool(char32_t)>& keyPress, bool replaceAll);
 
-// One control as the script driver sees it. Only the operations the control has are set.
+// What a control is, so that a view knows which widget shows it.
+enum class ControlKind { Label, TextBox, ComboBox, ListBox, CheckBox, Command, Grid };
+
+// One control of a screen as the script driver and the views see it, made from the screen's
+// control table (ScreenKit.h). Only the operations the control has are set; the pointers lead
+// to the logic's own state, which the views render.
 struct Control {
+  ControlKind Kind = ControlKind::Label;
+  std::string Tip;  // the tool tip of a command
+  Field* Text = nullptr;
+  ComboBox* Combo = nullptr;
+  ListBox* List = nullptr;
+  CheckBox* Check = nullptr;
+  TextGrid* Grid = nullptr;
+  TextBoxEvents Events;  // of a text box
+  // The address of the logic's member behind the control: the focus is asked for by it.
+  const void* Object() const;
+
   std::function<std::string()> GetText;                         // expect FORM.Ctl "text"
   std::function<void(const std::string&)> Type;                 // set FORM.Txt "text"
   std::function<void()> Press;                                  // press FORM.Ctl
@@ -121,7 +146,6 @@ struct Control {
   std::function<void(const std::vector<std::string>&)> Select;  // select FORM.Lst "a"
   std::function<bool()> Enabled, Visible, Checked;
   // Grids.
-  TextGrid* Grid = nullptr;
   std::function<void(int, int, const std::string&)> EditCell;  // cell FORM.Grid r c "text"
   std::function<void(int, int)> ClickCell;                     // click FORM.Grid r c
   std::function<void(CellBlock)> MarkBlock;                    // mark FORM.Grid r1 c1 r2 c2
@@ -130,22 +154,36 @@ struct Control {
 using ControlMap = std::map<std::string, Control>;
 
 // Ready-made controls over the logic's state.
-Control LabelControl(const Field& field);
+Control LabelControl(Field& field);
 Control TextBoxControl(Field& field, TextBoxEvents events);
 Control ComboControl(ComboBox& combo, std::function<void()> click);
-Control CommandControl(const Field& field, std::function<void()> click);
+Control CommandControl(Field& field, std::function<void()> click);
 // A list: `select` leaves exactly the given entries selected, then runs `click`.
 Control ListControl(ListBox& list, std::function<void()> click);
+Control CheckControl(CheckBox& check, std::function<void()> click);
+struct GridEvents {
+  std::function<void(int, int, const std::string&)> EditCell;
+  std::function<void(int, int)> ClickCell;
+  std::function<void(CellBlock)> MarkBlock;
+};
+Control GridControl(TextGrid& grid, GridEvents events);
 
-// A screen as the script driver and the views see it.
+// A screen as the script driver, the command boundary and the views see it.
 class ScriptScreen {
  public:
   virtual ~ScriptScreen() = default;
   virtual std::string ScreenName() const = 0;
   virtual ControlMap& Controls() = 0;
-  // The form sees every key first.
-  virtual void KeyDown(const KeyStroke& key) = 0;
+  // The form sees every key first; true when the key was a command of the form, which then
+  // goes no further.
+  virtual bool KeyDown(const KeyStroke& key) = 0;
   // The close box.
   virtual void CloseBox() = 0;
   virtual bool Closed() const = 0;
+  // The control that the last event asked to have the focus, once: a name of Controls(), or
+  // empty when no event asked.
+  virtual std::string TakeFocusTarget() { return {}; }
+  // A copy of everything the screen shows and keeps, and the way to put it back: the command
+  // boundary takes one before each command and puts it back when the command fails.
+  virtual std::function<void()> Keep() { return [] {}; }
 };

@@ -176,7 +176,7 @@ ScriptDriver::ScriptDriver(ScriptedPrompter& prompter, std::filesystem::path fol
   prompter_.OnShown = [this](const ScriptedPrompter::Shown& shown) { PrintShown(shown); };
 }
 
-void ScriptDriver::SetCommandRunner(std::function<void(const std::function<void()>&)> runner) {
+void ScriptDriver::SetCommandRunner(CommandRunner runner) {
   runner_ = std::move(runner);
 }
 
@@ -202,7 +202,7 @@ int ScriptDriver::RunText(const std::string& text, const std::string& fileName, 
   next_ = 0;
   try {
     lines_ = ParseScript(text);
-    if (startup_) Act(startup_);
+    if (startup_ && main_) Act(*main_, startup_);
     while (next_ < lines_.size()) Execute(lines_[next_++]);
     return 0;
   } catch (const ScriptError& e) {
@@ -226,7 +226,7 @@ void ScriptDriver::RunModal(ScriptScreen& screen) {
   // The script ended with the screen still open: its close box ends it, so that the command
   // that opened it can finish. The close is a command of its own, as a user's click would be:
   // if it fails, only its own changes are undone.
-  if (!screen.Closed()) Act([&screen] { screen.CloseBox(); });
+  if (!screen.Closed()) Act(screen, [&screen] { screen.CloseBox(); });
   const auto at = std::find(modal_.begin(), modal_.end(), &screen);
   if (at != modal_.end()) modal_.erase(at, modal_.end());
 }
@@ -255,22 +255,23 @@ ScriptScreen& ScriptDriver::ScreenNamed(const std::string& name, int line) {
                               (top ? " (the screen on top is " + top->ScreenName() + ")" : "")};
 }
 
-Control& ScriptDriver::ControlNamed(const std::string& dotted, int line, std::string* formName) {
+Control& ScriptDriver::ControlNamed(const std::string& dotted, int line, ScriptScreen** screen) {
   const std::size_t dot = dotted.find('.');
   if (dot == std::string::npos || dot == 0 || dot + 1 == dotted.size())
     throw ScriptError{line, Quote(dotted) + " does not name a control as FORM.Control"};
   const std::string form = dotted.substr(0, dot);
   const std::string name = dotted.substr(dot + 1);
-  ControlMap& controls = ScreenNamed(form, line).Controls();
+  ScriptScreen& named = ScreenNamed(form, line);
+  ControlMap& controls = named.Controls();
   const auto at = controls.find(name);
   if (at == controls.end()) throw ScriptError{line, form + " has no control " + Quote(name)};
-  if (formName) *formName = form;
+  if (screen) *screen = &named;
   return at->second;
 }
 
-void ScriptDriver::Act(const std::function<void()>& action) {
+void ScriptDriver::Act(ScriptScreen& screen, const std::function<void()>& action) {
   if (runner_) {
-    runner_(action);
+    runner_(screen, action);
   } else {
     action();
   }
@@ -295,28 +296,29 @@ void ScriptDriver::Execute(const ScriptLine& line) {
 void ScriptDriver::ControlAction(const ScriptLine& line) {
   const std::string& verb = line.Words[0];
   if (line.Words.size() < 2) Stop(line, verb + " needs FORM.Control");
-  const Control& c = ControlNamed(line.Words[1], line.Number);
+  ScriptScreen* screen = nullptr;
+  const Control& c = ControlNamed(line.Words[1], line.Number, &screen);
   NeedReachable(line, c);
   if (verb == "set") {
     NeedWords(line, 3, "set FORM.Control \"text\"");
     const auto type = Operation(line, c.Type, "typed into");
-    Act([&] { type(line.Words[2]); });
+    Act(*screen, [&] { type(line.Words[2]); });
   } else if (verb == "choose") {
-    Choose(line, c);
+    Choose(line, *screen, c);
   } else if (verb == "select") {
     const auto select = Operation(line, c.Select, "selected in");
     const auto entries = WordsFrom(line, 2);
-    Act([&] { select(entries); });
+    Act(*screen, [&] { select(entries); });
   } else if (verb == "press") {
     NeedWords(line, 2, "press FORM.Control");
     const auto press = Operation(line, c.Press, "pressed");
-    Act([&] { press(); });
+    Act(*screen, [&] { press(); });
   } else {
-    GridAction(line, c);
+    GridAction(line, *screen, c);
   }
 }
 
-void ScriptDriver::Choose(const ScriptLine& line, const Control& c) {
+void ScriptDriver::Choose(const ScriptLine& line, ScriptScreen& screen, const Control& c) {
   NeedWords(line, 3, "choose FORM.Control \"entry\" (or #k)");
   const std::string& word = line.Words[2];
   if (!line.Quoted[2] && IsIndexWord(word)) {
@@ -327,7 +329,7 @@ void ScriptDriver::Choose(const ScriptLine& line, const Control& c) {
     if (ec != std::errc() || end != last ||
         (c.Entries && index >= static_cast<int>(c.Entries().size())))
       Stop(line, line.Words[1] + " has no entry " + word);
-    Act([&] { choose(index); });
+    Act(screen, [&] { choose(index); });
     return;
   }
   const auto choose = Operation(line, c.ChooseText, "chosen from");
@@ -336,23 +338,23 @@ void ScriptDriver::Choose(const ScriptLine& line, const Control& c) {
     if (std::find(entries.begin(), entries.end(), word) == entries.end())
       Stop(line, line.Words[1] + " has no entry " + Quote(word));
   }
-  Act([&] { choose(word); });
+  Act(screen, [&] { choose(word); });
 }
 
-void ScriptDriver::GridAction(const ScriptLine& line, const Control& c) {
+void ScriptDriver::GridAction(const ScriptLine& line, ScriptScreen& screen, const Control& c) {
   const std::string& verb = line.Words[0];
   if (verb == "cell") {
     NeedWords(line, 5, "cell FORM.Grid row column \"text\"");
     const int row = Number(line, 2), col = Number(line, 3);
     NeedCell(line, c, row, col);
     const auto edit = Operation(line, c.EditCell, "edited as a grid");
-    Act([&] { edit(row, col, line.Words[4]); });
+    Act(screen, [&] { edit(row, col, line.Words[4]); });
   } else if (verb == "click") {
     NeedWords(line, 4, "click FORM.Grid row column");
     const int row = Number(line, 2), col = Number(line, 3);
     NeedCell(line, c, row, col);
     const auto click = Operation(line, c.ClickCell, "clicked as a grid");
-    Act([&] { click(row, col); });
+    Act(screen, [&] { click(row, col); });
   } else {
     NeedWords(line, 6, "mark FORM.Grid row1 column1 row2 column2");
     const CellBlock block{.Col1 = Number(line, 3),
@@ -362,7 +364,7 @@ void ScriptDriver::GridAction(const ScriptLine& line, const Control& c) {
     NeedCell(line, c, block.Row1, block.Col1);
     NeedCell(line, c, block.Row2, block.Col2);
     const auto mark = Operation(line, c.MarkBlock, "marked as a grid");
-    Act([&] { mark(block); });
+    Act(screen, [&] { mark(block); });
   }
 }
 
@@ -370,14 +372,14 @@ void ScriptDriver::ScreenAction(const ScriptLine& line) {
   if (line.Words[0] == "close") {
     NeedWords(line, 2, "close FORM");
     ScriptScreen& screen = ScreenNamed(line.Words[1], line.Number);
-    Act([&] { screen.CloseBox(); });
+    Act(screen, [&] { screen.CloseBox(); });
     return;
   }
   NeedWords(line, 3, "key FORM NAME");
   ScriptScreen& screen = ScreenNamed(line.Words[1], line.Number);
   const auto key = ParseKeyName(line.Words[2]);
   if (!key) Stop(line, "unknown key " + Quote(line.Words[2]));
-  Act([&] { screen.KeyDown(*key); });
+  Act(screen, [&] { screen.KeyDown(*key); });
 }
 
 void ScriptDriver::AnswerLine(const ScriptLine& line) {

@@ -50,8 +50,10 @@ class ScriptDriver {
 
   // The main screen: lines go to it when no modal screen is open.
   void SetMainScreen(ScriptScreen* screen) { main_ = screen; }
-  // Every user action runs through this (the command boundary). Default: run it directly.
-  void SetCommandRunner(std::function<void(const std::function<void()>&)> runner);
+  // Every user action runs through this (the command boundary), with the screen it acts on.
+  // Default: run it directly.
+  using CommandRunner = std::function<void(ScriptScreen&, const std::function<void()>&)>;
+  void SetCommandRunner(CommandRunner runner);
   // The start of the program (the main screen's load), run once the script is read, so that a
   // screen the start opens (the recovery of a study left behind) takes the first lines.
   void SetStartup(std::function<void()> startup) { startup_ = std::move(startup); }
@@ -73,8 +75,8 @@ class ScriptDriver {
  private:
   void Execute(const ScriptLine& line);
   void ControlAction(const ScriptLine& line);
-  void Choose(const ScriptLine& line, const Control& control);
-  void GridAction(const ScriptLine& line, const Control& control);
+  void Choose(const ScriptLine& line, ScriptScreen& screen, const Control& control);
+  void GridAction(const ScriptLine& line, ScriptScreen& screen, const Control& control);
   void ScreenAction(const ScriptLine& line);
   void AnswerLine(const ScriptLine& line);
   void Expect(const ScriptLine& line);
@@ -86,16 +88,16 @@ class ScriptDriver {
   void PrintShown(const ScriptedPrompter::Shown& shown);
   int LineNumber() const;  // of the line running, or that ran last
   ScriptScreen& ScreenNamed(const std::string& name, int line);
-  Control& ControlNamed(const std::string& dotted, int line, std::string* formName = nullptr);
+  Control& ControlNamed(const std::string& dotted, int line, ScriptScreen** screen = nullptr);
   ScriptScreen* TopScreen();
-  void Act(const std::function<void()>& action);
+  void Act(ScriptScreen& screen, const std::function<void()>& action);
 
   ScriptedPrompter& prompter_;
   std::filesystem::path folder_;
   std::ostream& out_;
   ScriptScreen* main_ = nullptr;
   std::vector<ScriptScreen*> modal_;
-  std::function<void(const std::function<void()>&)> runner_;
+  CommandRunner runner_;
   std::deque<std::optional<std::filesystem::path>> fileAnswers_;
   std::vector<ScriptLine> lines_;
   std::size_t next_ = 0;          // the next line to run

@@ -193,18 +193,21 @@ std::optional<std::string> SnapshotOf(const fs::path& file) {
   return bytes;
 }
 
-void RestoreFile(const fs::path& file, const std::optional<std::string>& bytes) {
+// False when the file could not be put back.
+bool RestoreFile(const fs::path& file, const std::optional<std::string>& bytes) {
   try {
     std::error_code ec;
     if (!bytes) {
       fs::remove(file, ec);
-      return;
+      return !ec;
     }
     fs::create_directories(file.parent_path(), ec);
     WriteThroughSecondFile(file, *bytes);
+    return true;
   } catch (...) {
     // Kept on purpose: a rollback puts back what it can; one file that resists must not keep
     // the others from being restored.
+    return false;
   }
 }
 
@@ -501,11 +504,14 @@ void Workspace::CommitCommand() {
   for (auto& [file, bytes] : top) parent.try_emplace(file, std::move(bytes));
 }
 
-void Workspace::RollbackCommand() {
-  if (frames_.empty()) return;
+std::vector<std::string> Workspace::RollbackCommand() {
+  std::vector<std::string> unrestored;
+  if (frames_.empty()) return unrestored;
   const JournalFrame top = std::move(frames_.back());
   frames_.pop_back();
-  for (const auto& [file, bytes] : top) RestoreFile(file, bytes);
+  for (const auto& [file, bytes] : top)
+    if (!RestoreFile(file, bytes)) unrestored.push_back(NameOf(file));
+  return unrestored;
 }
 
 void Workspace::BeforeModify(const fs::path& file) {

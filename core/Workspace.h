@@ -97,7 +97,8 @@ class Workspace : public FileJournal {
   void CommitCommand();
   // Puts every file changed since the matching BeginCommand back as it was (or removes it if it
   // was absent). Best effort: never throws.
-  void RollbackCommand();
+  // Returns the names of the files that could not be put back.
+  std::vector<std::string> RollbackCommand();
   // Keeps, in the innermost open frame, what the file holds now, unless that frame keeps it
   // already. Outside any command it does nothing.
   void BeforeModify(const std::filesystem::path& file) override;

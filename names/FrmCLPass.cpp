@@ -4,19 +4,28 @@
 #include "ClientRecord.h"
 #include "Cp1253.h"
 
+const ControlTable<FrmCLPass>& FrmCLPass::Table() {
+  using F = FrmCLPass;
+  const auto keyPress = [](F&, char32_t ch) { return F::TxtPass_KeyPress(ch); };
+  static const ControlTable<F> table = {
+      kit::Label("Caption", &F::Caption),
+      kit::Label("Label1", &F::Label1),
+      kit::Label("LblOK", &F::LblOK),
+      kit::TextBox("TxtPass", &F::TxtPass, {nullptr, keyPress, nullptr}),
+      kit::TextBox("TxtPassOK", &F::TxtPassOK, {nullptr, keyPress, nullptr}),
+      kit::Command("CmdOK", &F::CmdOK, &F::CmdOK_Click),
+  };
+  return table;
+}
+
 FrmCLPass::FrmCLPass(Mode mode, std::string keptPassword, Prompter& prompter, StudyState& state)
-    : mode_(mode), kept_(std::move(keptPassword)), prompter_(prompter), st_(state) {
+    : Dialog(kName),
+      mode_(mode), kept_(std::move(keptPassword)), prompter_(prompter), st_(state) {
   const bool fresh = mode_ == Mode::New;
   Label1.Text = fresh ? "Δώστε το Νέο Password :" : "Δώστε το υπάρχον Password :";
   LblOK.Visible = fresh;
   TxtPassOK.Visible = fresh;
   for (Field* box : {&TxtPass, &TxtPassOK}) box->MaxLength = static_cast<int>(kClientPassWidth);
-  controls_["Caption"] = LabelControl(Caption);
-  controls_["Label1"] = LabelControl(Label1);
-  controls_["LblOK"] = LabelControl(LblOK);
-  controls_["TxtPass"] = TextBoxControl(TxtPass, {nullptr, TxtPass_KeyPress, nullptr});
-  controls_["TxtPassOK"] = TextBoxControl(TxtPassOK, {nullptr, TxtPass_KeyPress, nullptr});
-  controls_["CmdOK"] = CommandControl(CmdOK, [this] { CmdOK_Click(); });
 }
 
 bool FrmCLPass::TxtPass_KeyPress(char32_t ch) {
@@ -55,10 +64,5 @@ void FrmCLPass::TakeNew() {
 
 void FrmCLPass::Pass(std::string password) {
   NewPassword = std::move(password);
-  Passed = true;
-  closed_ = true;
-}
-
-void FrmCLPass::KeyDown(const KeyStroke& key) {
-  if (key.Code == KeyCode::Escape) closed_ = true;
+  Accept();
 }

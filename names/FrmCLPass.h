@@ -3,12 +3,14 @@
 // new one twice (new mode).
 #include <string>
 
-#include "Controls.h"
 #include "Message.h"
+#include "ScreenKit.h"
 #include "StudyState.h"
 
-class FrmCLPass : public ScriptScreen {
+class FrmCLPass : public Dialog<FrmCLPass> {
  public:
+  static constexpr const char* kName = "FrmCLPass";
+  static const ControlTable<FrmCLPass>& Table();
   enum class Mode { Check, New };
   static constexpr const char* kCaption = "ΟΝΟΜΑ ΜΕΛΕΤΗΤΗ";
 
@@ -19,20 +21,14 @@ class FrmCLPass : public ScriptScreen {
   Field TxtPass, TxtPassOK;
   Field CmdOK{"OK"};
 
-  // Set when the screen closed on a password that passed; in new mode, NewPassword holds it.
-  bool Passed = false;
+  // Accepted when the screen closed on a password that passed; in new mode, NewPassword holds
+  // it.
   std::string NewPassword;
 
   void CmdOK_Click();
   // Characters the file's code page cannot hold never enter a password: typed, they could
   // never be matched again once the password is read back.
   static bool TxtPass_KeyPress(char32_t ch);
-
-  std::string ScreenName() const override { return "FrmCLPass"; }
-  ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override;
-  void CloseBox() override { closed_ = true; }
-  bool Closed() const override { return closed_; }
 
  private:
   void CheckExisting();
@@ -43,6 +39,4 @@ class FrmCLPass : public ScriptScreen {
   std::string kept_;
   Prompter& prompter_;
   StudyState& st_;
-  ControlMap controls_;
-  bool closed_ = false;
 };

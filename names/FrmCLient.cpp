@@ -7,40 +7,52 @@
 #include "Cp1253.h"
 #include "FrmCLPass.h"
 
+const ControlTable<FrmCLient>& FrmCLient::Table() {
+  using F = FrmCLient;
+  const auto keyPress = [](F&, char32_t ch) { return F::Txt_KeyPress(ch); };
+  static const ControlTable<F> table = {
+      kit::Label("Caption", &F::Caption),
+      kit::Label("LblCurrent", &F::LblCurrent),
+      kit::Label("Lbl_Client", &F::Lbl_Client),
+      kit::Label("Lbl_Entry", &F::Lbl_Entry),
+      kit::Label("LblNoChars", &F::LblNoChars),
+      kit::Label("Lbl_Pass", &F::Lbl_Pass),
+      kit::List("Lst_Names", &F::Lst_Names),
+      kit::TextBox("Txt_Client", &F::Txt_Client, {nullptr, keyPress, &F::Txt_Client_Change}),
+      kit::TextBox("Txt_Pass", &F::Txt_Pass, {nullptr, keyPress, nullptr}),
+      kit::Command("Cmd_New", &F::Cmd_New, &F::Cmd_New_Click),
+      kit::Command("Cmd_COR", &F::Cmd_COR, &F::Cmd_COR_Click),
+      kit::Command("Cmd_Copy", &F::Cmd_Copy, &F::Cmd_Copy_Click),
+      kit::Command("Cmd_OK", &F::Cmd_OK, &F::Cmd_OK_Click),
+      kit::Command("Cmd_Del", &F::Cmd_Del, &F::Cmd_Del_Click),
+      kit::Command("Cmd_Lock", &F::Cmd_Lock, &F::Cmd_Lock_Click),
+      kit::Command("Cmd_Exit", &F::Cmd_Exit, &F::Cmd_Exit_Click),
+  };
+  return table;
+}
+
 FrmCLient::FrmCLient(Workspace& workspace, StudyState& state, Prompter& prompter, Screens& screens)
-    : ws_(workspace), st_(state), prompter_(prompter), screens_(screens) {
+    : Dialog(kName), ws_(workspace), st_(state), prompter_(prompter), screens_(screens) {
   Lbl_Entry.Visible = false;
   Txt_Client.Visible = false;
   Txt_Client.MaxLength = static_cast<int>(kClientNameWidth);
   Txt_Pass.MaxLength = static_cast<int>(kClientPassWidth);
-  for (const auto& [name, field] : {std::pair{"Caption", &Caption},
-                                    {"LblCurrent", &LblCurrent},
-                                    {"Lbl_Client", &Lbl_Client},
-                                    {"Lbl_Entry", &Lbl_Entry},
-                                    {"LblNoChars", &LblNoChars},
-                                    {"Lbl_Pass", &Lbl_Pass}})
-    controls_[name] = LabelControl(*field);
-  controls_["Lst_Names"] = ListControl(Lst_Names, nullptr);
-  controls_["Txt_Client"] =
-      TextBoxControl(Txt_Client, {nullptr, Txt_KeyPress, [this] { Txt_Client_Change(); }});
-  controls_["Txt_Pass"] = TextBoxControl(Txt_Pass, {nullptr, Txt_KeyPress, nullptr});
-  const std::pair<const char*, std::pair<Field*, void (FrmCLient::*)()>> commands[] = {
-      {"Cmd_New", {&Cmd_New, &FrmCLient::Cmd_New_Click}},
-      {"Cmd_COR", {&Cmd_COR, &FrmCLient::Cmd_COR_Click}},
-      {"Cmd_Copy", {&Cmd_Copy, &FrmCLient::Cmd_Copy_Click}},
-      {"Cmd_OK", {&Cmd_OK, &FrmCLient::Cmd_OK_Click}},
-      {"Cmd_Del", {&Cmd_Del, &FrmCLient::Cmd_Del_Click}},
-      {"Cmd_Lock", {&Cmd_Lock, &FrmCLient::Cmd_Lock_Click}},
-      {"Cmd_Exit", {&Cmd_Exit, &FrmCLient::Cmd_Exit_Click}}};
-  for (const auto& [name, command] : commands)
-    controls_[name] =
-        CommandControl(*command.first, [this, click = command.second] { (this->*click)(); });
+}
+
+std::function<void()> FrmCLient::KeepOwnState() {
+  return [this, kept = kept_, records = records_, corrected = correctedEntry_,
+          deleted = deleted_] {
+    kept_ = kept;
+    records_ = records;
+    correctedEntry_ = corrected;
+    deleted_ = deleted;
+  };
 }
 
 void FrmCLient::Form_Load() {
   ShowCurrentEngineer();
   if (!ws_.FileExists(kClientsFile)) {
-    closed_ = true;
+    Close();
     return;
   }
   const std::vector<ClientRecord> records = ReadClientRecords(ws_);
@@ -77,6 +89,7 @@ void FrmCLient::OpenEntry(const std::string& caption, const std::string& text) {
   Lbl_Entry.Visible = true;
   Txt_Client.Visible = true;
   SetEntryText(text);
+  FocusOn(Txt_Client);
 }
 
 void FrmCLient::CloseEntry() {
@@ -211,11 +224,11 @@ void FrmCLient::Cmd_Lock_Click() {
     return;
   }
   FrmCLPass check(FrmCLPass::Mode::Check, kept_, prompter_, st_);
-  screens_.ShowModal(check);
-  if (!check.Passed) return;
+  check.Open(screens_);
+  if (!check.Accepted()) return;
   FrmCLPass fresh(FrmCLPass::Mode::New, kept_, prompter_, st_);
-  screens_.ShowModal(fresh);
-  if (!fresh.Passed) return;
+  fresh.Open(screens_);
+  if (!fresh.Accepted()) return;
   std::vector<ClientRecord> records = ReadClientRecords(ws_);
   for (ClientRecord& r : records) r.ClientPass = StoredField(fresh.NewPassword, kClientPassWidth);
   WriteClientRecords(ws_, records);
@@ -224,13 +237,9 @@ void FrmCLient::Cmd_Lock_Click() {
 }
 
 void FrmCLient::CloseScreen() {
-  if (closed_) return;
+  if (Closed()) return;
   // The names that left the list leave the file now: the list is written anew, renumbered.
   if (deleted_) WriteClients(ws_, ClientList{Lst_Names.Items, kept_});
   deleted_ = false;
-  closed_ = true;
-}
-
-void FrmCLient::KeyDown(const KeyStroke& key) {
-  if (key.Code == KeyCode::Escape) CloseScreen();
+  Close();
 }

@@ -4,14 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "Controls.h"
 #include "Message.h"
-#include "Screens.h"
+#include "ScreenKit.h"
 #include "StudyState.h"
 #include "Workspace.h"
 
-class FrmCLient : public ScriptScreen {
+class FrmCLient : public Dialog<FrmCLient> {
  public:
+  static constexpr const char* kName = "FrmCLient";
+  static const ControlTable<FrmCLient>& Table();
   static constexpr const char* kCaption = "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ";
   static constexpr const char* kNewCaption = "ΔΩΣΕ ΤΟ ΟΝΟΜΑ ΤΟΥ ΝΕΟΥ ΜΕΛΕΤΗΤΗ";
   static constexpr const char* kCorrectionCaption = "ΔΙΟΡΘΩΣΗ ΤΟΥ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ";
@@ -19,7 +20,7 @@ class FrmCLient : public ScriptScreen {
   FrmCLient(Workspace& workspace, StudyState& state, Prompter& prompter, Screens& screens);
 
   // Shows the current engineer and reads the list; without a list the screen closes at once.
-  void Form_Load();
+  void Form_Load() override;
 
   Field Caption{kCaption};
   Field LblCurrent{"ΤΡΕΧΟΝ ΟΝΟΜΑ ΜΕΛΕΤΗΤΗ"}, Lbl_Client;
@@ -45,11 +46,8 @@ class FrmCLient : public ScriptScreen {
   bool NewNameMode() const { return Txt_Client.Visible && correctedEntry_ < 0; }
   bool CorrectionMode() const { return Txt_Client.Visible && correctedEntry_ >= 0; }
 
-  std::string ScreenName() const override { return "FrmCLient"; }
-  ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override;
+  // The close box writes the list anew when names left it.
   void CloseBox() override { CloseScreen(); }
-  bool Closed() const override { return closed_; }
 
  private:
   void OpenEntry(const std::string& caption, const std::string& text);
@@ -65,15 +63,14 @@ class FrmCLient : public ScriptScreen {
   // Asks and leaves the answer, emptied from the shared state.
   std::string Ask(int16_t code, const std::string& name = {});
   void CloseScreen();
+  std::function<void()> KeepOwnState() override;
 
   Workspace& ws_;
   StudyState& st_;
   Prompter& prompter_;
   Screens& screens_;
-  ControlMap controls_;
   std::string kept_;          // the password of the list, as read at opening or set since
   std::vector<int> records_;  // the file record of each list entry
   int correctedEntry_ = -1;   // the list entry being corrected, -1 for a new name
   bool deleted_ = false;      // a name left the list: the file is written anew on closing
-  bool closed_ = false;
 };

@@ -4,7 +4,6 @@
 
 #include "Checked.h"
 #include "Cp1253.h"
-#include "FrmRavolin.h"
 #include "Numbers.h"
 
 namespace {
@@ -40,28 +39,36 @@ std::vector<std::string> CentredLines() {
 
 }  // namespace
 
-FrmOldStudy::FrmOldStudy(FrmRavolin& main, Workspace& workspace) : main_(main), ws_(workspace) {
+const ControlTable<FrmOldStudy>& FrmOldStudy::Table() {
+  using F = FrmOldStudy;
+  static const ControlTable<F> table = {
+      kit::Label("Caption", &F::Caption),
+      kit::Label("Label1", &F::Label1),
+      kit::List("List1", &F::List1),
+      kit::Label("Lbl_Wait", &F::Lbl_Wait),
+      kit::Command("Command1", &F::Command1, &F::Command1_Click),
+      kit::Command("Command2", &F::Command2, &F::Command2_Click),
+  };
+  return table;
+}
+
+FrmOldStudy::FrmOldStudy(SheetOnScreen& sheet, Workspace& workspace)
+    : Dialog(kName), sheet_(sheet), ws_(workspace) {
   List1.SetItems(CentredLines());
   Lbl_Wait.Visible = false;
-  controls_["Caption"] = LabelControl(Caption);
-  controls_["Label1"] = LabelControl(Label1);
-  controls_["List1"] = ListControl(List1, nullptr);
-  controls_["Lbl_Wait"] = LabelControl(Lbl_Wait);
-  controls_["Command1"] = CommandControl(Command1, [this] { Command1_Click(); });
-  controls_["Command2"] = CommandControl(Command2, [this] { Command2_Click(); });
 }
 
 void FrmOldStudy::Command1_Click() {
   Lbl_Wait.Visible = true;
-  main_.OpeningOld();
+  sheet_.OpeningOld();
   // What a revived study does not need: the sheets, the levels and the working copy stay, the
   // derived network is built again.
   for (const char* name : {"Studies.std", "DUMMY.TMP"}) ws_.Delete(name);
   for (const std::string& name : NetworkFileNames()) ws_.Delete(name);
-  closed_ = true;
+  Close();
 }
 
 void FrmOldStudy::Command2_Click() {
   KillRavoTemporaries(ws_);
-  closed_ = true;
+  Close();
 }

@@ -3,17 +3,17 @@
 // it go for good.
 #include <string>
 
-#include "Controls.h"
-#include "StudyState.h"
+#include "ScreenKit.h"
+#include "SheetOnScreen.h"
 #include "Workspace.h"
 
-class FrmRavolin;
-
-class FrmOldStudy : public ScriptScreen {
+class FrmOldStudy : public Dialog<FrmOldStudy> {
  public:
+  static constexpr const char* kName = "FrmOldStudy";
   static constexpr const char* kCaption = " ... Βρέθηκε στον Σκληρό Δίσκο, Αρχείο Μελέτης ...";
+  static const ControlTable<FrmOldStudy>& Table();
 
-  FrmOldStudy(FrmRavolin& main, Workspace& workspace);
+  FrmOldStudy(SheetOnScreen& sheet, Workspace& workspace);
 
   Field Caption{kCaption};
   Field Label1{"... ΠΡΟΣΟΧΗ : ΠΑΛΑΙΑ ΜΕΛΕΤΗ ..."};
@@ -21,20 +21,12 @@ class FrmOldStudy : public ScriptScreen {
   Field Command1{"ΝΑΙ"}, Command2{"ΟΧΙ"};
   Field Lbl_Wait{"... Παρακαλώ, Περιμένετε ..."};
 
-  // Yes: the study comes back on the main screen; no: the working files go.
+  // Yes: the study comes back on the main screen; no: the working files go. Closing the box
+  // decides nothing: the files stay, and the next start asks again.
   void Command1_Click();
   void Command2_Click();
 
-  std::string ScreenName() const override { return "FrmOldStudy"; }
-  ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke&) override {}
-  // Closing the box decides nothing: the files stay, and the next start asks again.
-  void CloseBox() override { closed_ = true; }
-  bool Closed() const override { return closed_; }
-
  private:
-  FrmRavolin& main_;
+  SheetOnScreen& sheet_;
   Workspace& ws_;
-  ControlMap controls_;
-  bool closed_ = false;
 };

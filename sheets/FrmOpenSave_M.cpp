@@ -5,7 +5,6 @@
 
 #include "Checked.h"
 #include "Cp1253.h"
-#include "FrmRavolin.h"
 
 namespace {
 
@@ -24,8 +23,28 @@ std::pair<std::string, std::string> DateAndTime(std::filesystem::file_time_type 
 
 }  // namespace
 
-FrmOpenSave_M::FrmOpenSave_M(FrmRavolin& main, Workspace& workspace, StudyState& state)
-    : main_(main), ws_(workspace), st_(state) {
+const ControlTable<FrmOpenSave_M>& FrmOpenSave_M::Table() {
+  using F = FrmOpenSave_M;
+  static const ControlTable<F> table = {
+      kit::Label("Caption", &F::Caption),
+      kit::List("LstStudies", &F::LstStudies, &F::LstStudies_Click),
+      kit::Command("CmdOpenSave", &F::CmdOpenSave, &F::CmdOpenSave_Click),
+      kit::Command("CmdClassic", &F::CmdClassic, &F::CmdClassic_Click),
+      kit::Label("LblFileName", &F::LblFileName),
+      kit::Label("LblFilePath", &F::LblFilePath),
+      kit::Label("LblFileDate", &F::LblFileDate),
+      kit::Label("LblFileTime", &F::LblFileTime),
+      kit::Label("LblNumber", &F::LblNumber),
+      kit::Label("LblFileNameCaption", &F::LblFileNameCaption),
+      kit::Label("LblFilePathCaption", &F::LblFilePathCaption),
+      kit::Label("LblFileDateCaption", &F::LblFileDateCaption),
+      kit::Label("LblFileTimeCaption", &F::LblFileTimeCaption),
+  };
+  return table;
+}
+
+FrmOpenSave_M::FrmOpenSave_M(SheetOnScreen& sheet, Workspace& workspace, StudyState& state)
+    : Dialog(kName), sheet_(sheet), ws_(workspace), st_(state) {
   const std::string folder = WithBackslash(ws_.PathOf("RVLFiles").string());
   MakeCurrentStudiesFile(folder);
   std::vector<std::string> lines;
@@ -37,15 +56,6 @@ FrmOpenSave_M::FrmOpenSave_M(FrmRavolin& main, Workspace& workspace, StudyState&
   }
   LstStudies.SetItems(std::move(lines));
   LblNumber.Text = st_.Format(static_cast<double>(LstStudies.Items.size()), "##,###");
-  controls_["LstStudies"] = ListControl(LstStudies, [this] { LstStudies_Click(); });
-  controls_["CmdOpenSave"] = CommandControl(CmdOpenSave, [this] { CmdOpenSave_Click(); });
-  controls_["CmdClassic"] = CommandControl(CmdClassic, [this] { CmdClassic_Click(); });
-  for (auto [name, field] : {std::pair{"LblFileName", &LblFileName},
-                             {"LblFilePath", &LblFilePath},
-                             {"LblFileDate", &LblFileDate},
-                             {"LblFileTime", &LblFileTime},
-                             {"LblNumber", &LblNumber}})
-    controls_[name] = LabelControl(*field);
 }
 
 void FrmOpenSave_M::MakeCurrentStudiesFile(const std::string& folder) {
@@ -83,7 +93,7 @@ void FrmOpenSave_M::LstStudies_Click() {
   LblFileTime.Text = " < " + r.FileTime + " > ";
 }
 
-void FrmOpenSave_M::Form_Activate() {
+void FrmOpenSave_M::Form_Load() {
   LstStudies.Selected.assign(LstStudies.Items.size(), false);
   for (Field* f : {&LblFileName, &LblFilePath, &LblFileDate, &LblFileTime}) f->Text.clear();
 }
@@ -92,15 +102,11 @@ void FrmOpenSave_M::CmdOpenSave_Click() {
   const int index = LstStudies.SelectedIndex();
   if (index < 0) return;
   const StudyRecord r = RecordOfLine(index);
-  main_.OpenFile(WithBackslash(Trim(r.FolderPath)) + Trim(r.FileName));
-  closed_ = true;
+  sheet_.OpenFile(WithBackslash(Trim(r.FolderPath)) + Trim(r.FileName));
+  Close();
 }
 
 void FrmOpenSave_M::CmdClassic_Click() {
   ClassicRequested = true;
-  closed_ = true;
-}
-
-void FrmOpenSave_M::KeyDown(const KeyStroke& key) {
-  if (key.Code == KeyCode::Escape) closed_ = true;
+  Close();
 }

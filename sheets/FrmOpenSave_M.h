@@ -3,19 +3,21 @@
 // name, from the cache "Studies.std" that it builds anew each time it opens.
 #include <string>
 
-#include "Controls.h"
+#include "ScreenKit.h"
+#include "SheetOnScreen.h"
 #include "StudyRecords.h"
 #include "StudyState.h"
 #include "Workspace.h"
 
-class FrmRavolin;
-
-class FrmOpenSave_M : public ScriptScreen {
+class FrmOpenSave_M : public Dialog<FrmOpenSave_M> {
  public:
+  static constexpr const char* kName = "FrmOpenSave_M";
   static constexpr const char* kStudiesFile = "Studies.std";
+  static const ControlTable<FrmOpenSave_M>& Table();
 
-  FrmOpenSave_M(FrmRavolin& main, Workspace& workspace, StudyState& state);
+  FrmOpenSave_M(SheetOnScreen& sheet, Workspace& workspace, StudyState& state);
 
+  Field Caption{"ΑΝΑΚΛΗΣΗ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ"};
   ListBox LstStudies;
   Field CmdOpenSave{"ΑΝΑΚΛΗΣΗ"}, CmdClassic{"Λίστα ΑΡΧΕΙΩΝ"};
   Field LblFileName, LblFilePath, LblFileDate, LblFileTime, LblNumber;
@@ -29,21 +31,14 @@ class FrmOpenSave_M : public ScriptScreen {
   // Rebuilds "Studies.std" from the .sht files of `folder`, in list order.
   void MakeCurrentStudiesFile(const std::string& folder);
   void LstStudies_Click();
-  void Form_Activate();
+  // Each opening starts with nothing selected and nothing shown.
+  void Form_Load() override;
   void CmdOpenSave_Click();
   void CmdClassic_Click();
 
-  std::string ScreenName() const override { return "FrmOpenSave_M"; }
-  ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override;
-  void CloseBox() override { closed_ = true; }
-  bool Closed() const override { return closed_; }
-
  private:
   StudyRecord RecordOfLine(int index);
-  FrmRavolin& main_;
+  SheetOnScreen& sheet_;
   Workspace& ws_;
   StudyState& st_;
-  ControlMap controls_;
-  bool closed_ = false;
 };

@@ -3,7 +3,6 @@
 #include "Checked.h"
 #include "Cp1253.h"
 #include "FrmRavoSheets.h"
-#include "FrmRavolin.h"
 
 namespace {
 
@@ -26,32 +25,33 @@ Message SameSheetQuestion() {
 
 }  // namespace
 
-const std::vector<FrmRavoAdd::Label>& FrmRavoAdd::Labels() {
-  static const std::vector<Label> labels = {
-      {"TxtAdded", "ΠΡΟΣΤΙΘΕΜΕΝΟ ΠΟΣΟ ΘΕΡΜΙΚΗΣ ΙΣΧΥΟΣ ΣΤΟΝ ΒΡΟΧΟ, [Kcal/h]"},
-      {"TxtSomaName", "Ο α/α ΤΟΥ ΘΕΡΜΑΝΤΙΚΟΥ ΣΩΜΑΤΟΣ, ΝΑ ΟΝΟΜΑΣΘΕΙ :"},
-      {"CboRoomTemp", "ΕΠΙΘΥΜΗΤΗ ΘΕΡΜΟΚΡΑΣΙΑ ΤΟΥ ΧΩΡΟΥ, ΣΤΟΝ ΟΠΟΙΟ ΑΝΗΚΕΙ ΤΟ ΣΩΜΑ, [ oC ] :"}};
-  return labels;
+const ControlTable<FrmRavoAdd>& FrmRavoAdd::Table() {
+  using F = FrmRavoAdd;
+  static const ControlTable<F> table = {
+      kit::Label("Caption", &F::Caption),
+      kit::Label("LblAdded", &F::LblAdded),
+      kit::Label("LblSomaName", &F::LblSomaName),
+      kit::Label("LblRoomTemp", &F::LblRoomTemp),
+      kit::TextBox("TxtAdded", &F::TxtAdded,
+                   {&F::TxtAdded_GotFocus, &F::TxtAdded_KeyPress, &F::TxtAdded_LostFocus}),
+      kit::TextBox("TxtSomaName", &F::TxtSomaName, {nullptr, &F::TxtSomaName_KeyPress, nullptr}),
+      kit::Combo("CboRoomTemp", &F::CboRoomTemp),
+      kit::Command("CmdOK", &F::CmdOK, &F::CmdOK_Click),
+      kit::Command("CmdCancel", &F::CmdCancel, &F::CmdCancel_Click),
+      kit::Command("CmdSame", &F::CmdSame, &F::CmdSame_Click),
+  };
+  return table;
 }
 
-FrmRavoAdd::FrmRavoAdd(FrmRavolin& main, StudyState& state, Prompter& prompter, Screens& screens)
-    : main_(main), st_(state), prompter_(prompter), screens_(screens) {
+FrmRavoAdd::FrmRavoAdd(SheetOnScreen& sheet, StudyState& state, Prompter& prompter,
+                       Screens& screens)
+    : Dialog(kName), sheet_(sheet), st_(state), prompter_(prompter), screens_(screens) {
   TxtSomaName.MaxLength = 5;  // the width of the radiator's number in the sheet
   for (int t = kLowestRoomTemp; t <= kHighestRoomTemp; ++t)
     CboRoomTemp.Items.push_back(std::to_string(t));
   CboRoomTemp.Index = kHighestRoomTemp - kLowestRoomTemp - 10;  // "20"
-  main_.AddedLoad = static_cast<float>(st_.Parse(main_.TxtLoopLoad.Text));
-  controls_["Caption"] = LabelControl(Caption);
-  controls_["TxtAdded"] =
-      TextBoxControl(TxtAdded, {[this] { TxtAdded_GotFocus(); },
-                                [this](char32_t c) { return TxtAdded_KeyPress(c); },
-                                [this] { TxtAdded_LostFocus(); }});
-  controls_["TxtSomaName"] = TextBoxControl(
-      TxtSomaName, {nullptr, [this](char32_t c) { return TxtSomaName_KeyPress(c); }, nullptr});
-  controls_["CboRoomTemp"] = ComboControl(CboRoomTemp, nullptr);
-  controls_["CmdOK"] = CommandControl(CmdOK, [this] { CmdOK_Click(); });
-  controls_["CmdCancel"] = CommandControl(CmdCancel, [this] { CmdCancel_Click(); });
-  controls_["CmdSame"] = CommandControl(CmdSame, [this] { CmdSame_Click(); });
+  sheet_.RunningLoad() = static_cast<float>(st_.Parse(sheet_.LoopLoadBox().Text));
+  FocusOn(TxtAdded);
 }
 
 void FrmRavoAdd::TxtAdded_GotFocus() {
@@ -60,7 +60,7 @@ void FrmRavoAdd::TxtAdded_GotFocus() {
 
 bool FrmRavoAdd::TxtAdded_KeyPress(char32_t ch) {
   if (ch == kEnter) {
-    FocusTarget = "TxtSomaName";
+    FocusOn(TxtSomaName);
     return false;
   }
   return ch == kBackspace || (ch >= U'0' && ch <= U'9');
@@ -72,7 +72,7 @@ void FrmRavoAdd::TxtAdded_LostFocus() {
 
 bool FrmRavoAdd::TxtSomaName_KeyPress(char32_t ch) {
   if (ch == kEnter) {
-    FocusTarget = "CboRoomTemp";
+    FocusOn(CboRoomTemp);
     return false;
   }
   return true;
@@ -90,11 +90,11 @@ void FrmRavoAdd::CloseGaps() {
   bool closed = true;
   while (closed) {
     closed = false;
-    const int rows = main_.Grid.DataRowCount();
+    const int rows = sheet_.Rows().DataRowCount();
     for (int row = 1; row <= rows && !closed; ++row) {
-      if (!main_.Grid.RowIsEmpty(row)) continue;
-      main_.Grid.DeleteRow(row);
-      main_.FIXData_in_Combo(1);
+      if (!sheet_.Rows().RowIsEmpty(row)) continue;
+      sheet_.Rows().DeleteRow(row);
+      sheet_.FIXData_in_Combo(1);
       closed = true;
     }
   }
@@ -104,51 +104,47 @@ void FrmRavoAdd::CmdOK_Click() {
   CloseGaps();
   const double added = st_.Parse(TxtAdded.Text);
   if (added == 0) {
-    FocusTarget = "TxtAdded";
+    FocusOn(TxtAdded);
     return;
   }
   if (Trim(TxtSomaName.Text).empty()) {
-    FocusTarget = "TxtSomaName";
+    FocusOn(TxtSomaName);
     return;
   }
   if (st_.Parse(CboRoomTemp.Text()) == 0) {
-    FocusTarget = "CboRoomTemp";
+    FocusOn(CboRoomTemp);
     return;
   }
-  const int row = main_.Grid.DataRowCount() + 1;
-  if (row > main_.Grid.MaxRows()) {
-    closed_ = true;
+  const int row = sheet_.Rows().DataRowCount() + 1;
+  if (row > sheet_.Rows().MaxRows()) {
+    Close();
     return;
   }
-  main_.Grid.SetText(row, 1, Trim(TxtSomaName.Text));
-  main_.Grid.SetText(row, 2, StripThousands(TxtAdded.Text, st_.Seps()));
-  main_.Grid.SetText(row, 3, CboRoomTemp.Text());
-  main_.AddedLoad = static_cast<float>(main_.AddedLoad + added);
-  main_.TxtLoopLoad.Text = st_.FormatF(main_.AddedLoad, "#,###");
-  if (row == main_.Grid.MaxRows()) {
-    closed_ = true;
+  sheet_.Rows().SetText(row, 1, Trim(TxtSomaName.Text));
+  sheet_.Rows().SetText(row, 2, StripThousands(TxtAdded.Text, st_.Seps()));
+  sheet_.Rows().SetText(row, 3, CboRoomTemp.Text());
+  sheet_.RunningLoad() = static_cast<float>(sheet_.RunningLoad() + added);
+  sheet_.LoopLoadBox().Text = st_.FormatF(sheet_.RunningLoad(), "#,###");
+  if (row == sheet_.Rows().MaxRows()) {
+    Close();
   } else {
-    main_.Txta_a.Text = std::to_string(st_.CurrentSheet);
+    sheet_.SheetNumberBox().Text = std::to_string(st_.CurrentSheet);
     // Kept on purpose: the running load shown a moment ago goes with the other figures.
-    main_.DeleteLoopData();
-    FocusTarget = "TxtSomaName";
+    sheet_.DeleteLoopData();
+    FocusOn(TxtSomaName);
   }
   st_.StudyChanged = -1;
 }
 
 void FrmRavoAdd::CmdCancel_Click() {
-  closed_ = true;
+  Close();
 }
 
 void FrmRavoAdd::CmdSame_Click() {
-  if (main_.CountSheets() == 0) return;
-  if (main_.Grid.DataRowCount() > 0 && prompter_.Show(SameSheetQuestion()) == Answer::Yes)
-    main_.DeleteSpreadData();
-  FrmRavoSheets sheets(main_, main_.Files(), st_, prompter_);
-  screens_.ShowModal(sheets);
-  if (sheets.Copied) closed_ = true;
-}
-
-void FrmRavoAdd::KeyDown(const KeyStroke& key) {
-  if (key.Code == KeyCode::Escape) closed_ = true;
+  if (sheet_.CountSheets() == 0) return;
+  if (sheet_.Rows().DataRowCount() > 0 && prompter_.Show(SameSheetQuestion()) == Answer::Yes)
+    sheet_.DeleteSpreadData();
+  FrmRavoSheets sheets(sheet_, st_, prompter_);
+  sheets.Open(screens_);
+  if (sheets.Accepted()) Close();
 }

@@ -3,32 +3,29 @@
 // grid is full; and, through CmdSame, the copy of the radiators of another sheet.
 #include <string>
 
-#include "Controls.h"
 #include "Message.h"
-#include "Screens.h"
+#include "ScreenKit.h"
+#include "SheetOnScreen.h"
 #include "StudyState.h"
 
-class FrmRavolin;
-
-class FrmRavoAdd : public ScriptScreen {
+class FrmRavoAdd : public Dialog<FrmRavoAdd> {
  public:
+  static constexpr const char* kName = "FrmRavoAdd";
   static constexpr const char* kCaption = "ΠΡΟΣΘΗΚΗ ΧΩΡΟΥ ή ΘΕΡΜΑΝΤΙΚΟΥ ΣΩΜΑΤΟΣ, ΣΤΗ ΛΙΣΤΑ";
+  static const ControlTable<FrmRavoAdd>& Table();
 
-  FrmRavoAdd(FrmRavolin& main, StudyState& state, Prompter& prompter, Screens& screens);
-
-  // The captions of the fields, beside the control each names.
-  struct Label {
-    const char* Control;
-    const char* Text;
-  };
-  static const std::vector<Label>& Labels();
+  FrmRavoAdd(SheetOnScreen& sheet, StudyState& state, Prompter& prompter, Screens& screens);
 
   Field Caption{kCaption};
+  // The captions of the fields, each beside its field.
+  Field LblAdded{"ΠΡΟΣΤΙΘΕΜΕΝΟ ΠΟΣΟ ΘΕΡΜΙΚΗΣ ΙΣΧΥΟΣ ΣΤΟΝ ΒΡΟΧΟ, [Kcal/h]"};
+  Field LblSomaName{"Ο α/α ΤΟΥ ΘΕΡΜΑΝΤΙΚΟΥ ΣΩΜΑΤΟΣ, ΝΑ ΟΝΟΜΑΣΘΕΙ :"};
+  Field LblRoomTemp{
+      "ΕΠΙΘΥΜΗΤΗ ΘΕΡΜΟΚΡΑΣΙΑ ΤΟΥ ΧΩΡΟΥ, ΣΤΟΝ ΟΠΟΙΟ ΑΝΗΚΕΙ ΤΟ ΣΩΜΑ, [ oC ] :"};
   Field TxtAdded, TxtSomaName;
   ComboBox CboRoomTemp;
   Field CmdOK{"ΚΑΤΑΧΩΡΗΣΗ"}, CmdCancel{"ΤΕΛΟΣ"},
       CmdSame{"ΤΟ ΤΡΕΧΟΝ ΦΥΛΛΟ, ΘΑ ΓΙΝΕΙ ΟΜΟΙΟ ΜΕ ΤΟ ..."};
-  std::string FocusTarget = "TxtAdded";
 
   void TxtAdded_GotFocus();
   bool TxtAdded_KeyPress(char32_t ch);
@@ -41,18 +38,10 @@ class FrmRavoAdd : public ScriptScreen {
   void CmdCancel_Click();
   void CmdSame_Click();
 
-  std::string ScreenName() const override { return "FrmRavoAdd"; }
-  ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override;
-  void CloseBox() override { closed_ = true; }
-  bool Closed() const override { return closed_; }
-
  private:
   void CloseGaps();
-  FrmRavolin& main_;
+  SheetOnScreen& sheet_;
   StudyState& st_;
   Prompter& prompter_;
   Screens& screens_;
-  ControlMap controls_;
-  bool closed_ = false;
 };

@@ -1,40 +1,30 @@
 #pragma once
 // The list of the study's sheets, from which CmdSame copies the radiators of one sheet into the
-// sheet on the screen.
+// sheet on the screen. Accepted when the radiators were copied: the dialog that opened this one
+// closes too.
 #include <string>
 
-#include "Controls.h"
 #include "Message.h"
+#include "ScreenKit.h"
+#include "SheetOnScreen.h"
 #include "StudyState.h"
-#include "Workspace.h"
 
-class FrmRavolin;
-
-class FrmRavoSheets : public ScriptScreen {
+class FrmRavoSheets : public Dialog<FrmRavoSheets> {
  public:
+  static constexpr const char* kName = "FrmRavoSheets";
   static constexpr const char* kCaption = "Καταχωρημένα Φύλλα Υπολογισμών";
+  static const ControlTable<FrmRavoSheets>& Table();
 
-  FrmRavoSheets(FrmRavolin& main, Workspace& workspace, StudyState& state, Prompter& prompter);
+  FrmRavoSheets(SheetOnScreen& sheet, StudyState& state, Prompter& prompter);
 
   Field Caption{kCaption};
   ListBox LstSheets;
   Field CmdOK{"ΕΠΙΛΟΓΗ"}, CmdCancel{"ΑΚΥΡΟ"};
-  // Set when the radiators were copied: the dialog that opened this one closes too.
-  bool Copied = false;
 
   void CmdOK_Click();
 
-  std::string ScreenName() const override { return "FrmRavoSheets"; }
-  ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override;
-  void CloseBox() override { closed_ = true; }
-  bool Closed() const override { return closed_; }
-
  private:
-  FrmRavolin& main_;
-  Workspace& ws_;
+  SheetOnScreen& sheet_;
   StudyState& st_;
   Prompter& prompter_;
-  ControlMap controls_;
-  bool closed_ = false;
 };

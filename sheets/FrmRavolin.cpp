@@ -40,26 +40,6 @@ std::u32string Chars(const std::string& text) {
 
 }  // namespace
 
-const std::vector<HeaderCaption>& FrmRavolin::Captions() {
-  static const std::vector<HeaderCaption> captions = {
-      {"TxtThema", "LblThema", "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ : "},
-      {"Txta_a", "Lbla_a", "ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ : "},
-      {"TxtOwnership", "LblOwnership", "ΙΔΙΟΚΤΗΣΙΑ : "},
-      {"TxtLoopNo", "LblLoopNo", "ΕΝΔΕΙΚΤΙΚΟΣ ΑΡΙΘΜΟΣ ΚΥΚΛΩΜΑΤΟΣ : "},
-      {"TxtTempDrop", "LblTempDrop", "ΘΕΡΜΟΚΡΑΣΙΑΚΗ ΠΤΩΣΗ ΝΕΡΟΥ, ΣΤΟ ΚΥΚΛΩΜΑ :"},
-      {"TxtOrigTemp", "LblOrigTemp", "ΘΕΡΜΟΚΡΑΣΙΑ ΕΙΣΟΔΟΥ ΤΟΥ ΝΕΡΟΥ ΣΤΟΝ ΒΡΟΧΟ :"},
-      {"TxtLoopLength", "LblLoopLength", "ΣΥΝΟΛΙΚΟ ΜΗΚΟΣ ΒΡΟΧΟΥ :"},
-      {"TxtOtherRes", "LblOtherRes", "ΙΣΟΔΥΝΑΜΟ ΜΗΚΟΣ ΕΙΔΙΚΩΝ ΤΟΠΙΚΩΝ ΑΝΤΙΣΤΑΣΕΩΝ ΒΡΟΧΟΥ :"},
-      {"CboPipes", "LblPipes", "ΔΙΑΜΕΤΡΟΣ ΣΩΛΗΝΩΝ ΚΥΚΛΩΜΑΤΟΣ :"},
-      {"CboSomata", "LblSomata", "ΚΑΤΗΓΟΡΙΑ ΘΕΡΜΑΝΤΙΚΩΝ ΣΩΜΑΤΩΝ :"},
-      {"TxtLoopLoad", "LblLoopLoad", "ΘΕΡΜΙΚΟ ΦΟΡΤΙΟ ΚΥΚΛΩΜΑΤΟΣ : "},
-      {"TxtFlow", "LblFlow", "ΠΑΡΟΧΗ ΝΕΡΟΥ : "},
-      {"TxtVelocity", "LblVelocity", "ΤΑΧΥΤΗΤΑ ΡΟΗΣ :"},
-      {"TxtSFR", "LblSFR", "ΕΙΔΙΚΗ ΑΝΤΙΣΤΑΣΗ ΡΟΗΣ :"},
-  };
-  return captions;
-}
-
 const std::vector<std::string>& FrmRavolin::ColumnHeads() {
   static const std::vector<std::string> heads = {
       "α/α ΣΩ-  ΜΑ-  ΤΟΣ",
@@ -80,36 +60,94 @@ const std::vector<std::string>& FrmRavolin::ColumnHeads() {
   return heads;
 }
 
-const std::vector<FrmRavolin::CommandButton>& FrmRavolin::CommandButtons() {
-  static const std::vector<CommandButton> buttons = {
-      {"CmdCalc", &FrmRavolin::CmdCalc, kCalcTip},
-      {"CmdAddSpaces", &FrmRavolin::CmdAddSpaces, "ΠΡΟΣΘΗΚΗ ΧΩΡΩΝ ή ΣΩΜΑΤΩΝ ΣΤΟ ΚΥΚΛΩΜΑ, < + >"},
-      {"CmdRemoveSpaces", &FrmRavolin::CmdRemoveSpaces,
-       "ΔΙΑΓΡΑΦΗ ΧΩΡΩΝ ή ΣΩΜΑΤΩΝ ΑΠΟ ΤΟ ΚΥΚΛΩΜΑ, < - >"},
-      {"CmdOneRowUp", &FrmRavolin::CmdOneRowUp, "ΠΡΟΩΘΗΣΗ ΣΕΙΡΑΣ ΔΕΔΟΜΕΝΩΝ, ΠΡΟΣ ΤΑ ΑΝΩ"},
-      {"CmdOneRowDn", &FrmRavolin::CmdOneRowDn, "ΠΡΟΩΘΗΣΗ ΣΕΙΡΑΣ ΔΕΔΟΜΕΝΩΝ, ΠΡΟΣ ΤΑ ΚΑΤΩ"},
-      {"CmdPaste", &FrmRavolin::CmdPaste,
-       "ΕΠΙΚΟΛΛΗΣΗ ΤΗΣ ΑΝΩ ΣΕΙΡΑΣ (Paste Uper Row)  - ή πλήκτρο < F5 >"},
-      {"CmdEditCols", &FrmRavolin::CmdEditCols, ""},
-      {"CmdDeleteRow", &FrmRavolin::CmdDeleteRow, "ΔΙΑΓΡΑΦΗ ΣΕΙΡΑΣ ΑΠΟ ΤΟ SpreadSheet"},
-      {"CmdDeleteColumn", &FrmRavolin::CmdDeleteColumn, "ΔΙΑΓΡΑΦΗ ΣΤΗΛΗΣ ΑΠΟ ΤΟ SpreadSheet"},
-      {"CmdFirst", &FrmRavolin::CmdFirst, "ΠΡΩΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < Ctrl-Home >"},
-      {"CmdPrev", &FrmRavolin::CmdPrev, "ΠΡΟΗΓΟΥΜΕΝΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < PgUp >"},
-      {"CmdNext", &FrmRavolin::CmdNext, "ΕΠΟΜΕΝΟ ΦΥΛΛΟ ή ΝΕΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < PgDn >"},
-      {"CmdLast", &FrmRavolin::CmdLast, "ΤΕΛΕΥΤΑΙΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < Ctrl-End >"},
-      {"CmdDeleteSheet", &FrmRavolin::CmdDeleteSheet, "ΔΙΑΓΡΑΦΗ ΟΛΟΚΛΗΡΟΥ ΤΟΥ ΦΥΛΛΟΥ ΥΠΟΛΟΓΙΣΜΩΝ"},
-      {"CmdSave", &FrmRavolin::CmdSave,
-       "ΔΗΜΙΟΥΡΓΙΑ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-S > ή  < Shift-F12 >"},
-      {"CmdOpen", &FrmRavolin::CmdOpen, "ΑΝΑΚΛΗΣΗ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-O >"},
-      {"CmdNew", &FrmRavolin::CmdNew, "ΝΕΑ ΜΕΛΕΤΗ"},
-      {"Cmd_Client", &FrmRavolin::Cmd_Client, "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ"},
+const ControlTable<FrmRavolin>& FrmRavolin::Table() {
+  using F = FrmRavolin;
+  const auto digits = [](F&, char32_t) { return true; };
+  static const ControlTable<F> table = {
+      kit::Label("Caption", &F::Caption),
+      kit::TextBox("TxtThema", &F::TxtThema,
+                   {&F::TxtThema_GotFocus, digits, &F::TxtThema_LostFocus}),
+      kit::TextBox("TxtOwnership", &F::TxtOwnership,
+                   {&F::TxtOwnership_GotFocus, &F::TxtOwnership_KeyPress, nullptr}),
+      kit::TextBox("TxtLoopNo", &F::TxtLoopNo,
+                   {&F::TxtLoopNo_GotFocus, &F::TxtLoopNo_KeyPress, nullptr}),
+      kit::TextBox("TxtTempDrop", &F::TxtTempDrop,
+                   {&F::TxtTempDrop_GotFocus, &F::TxtTempDrop_KeyPress,
+                    &F::TxtTempDrop_LostFocus}),
+      kit::TextBox("TxtOrigTemp", &F::TxtOrigTemp,
+                   {&F::TxtOrigTemp_GotFocus, &F::TxtOrigTemp_KeyPress,
+                    &F::TxtOrigTemp_LostFocus}),
+      kit::TextBox("TxtLoopLength", &F::TxtLoopLength,
+                   {&F::TxtLoopLength_GotFocus, &F::TxtLoopLength_KeyPress,
+                    &F::TxtLoopLength_LostFocus}),
+      kit::TextBox("TxtOtherRes", &F::TxtOtherRes,
+                   {&F::TxtOtherRes_GotFocus, &F::TxtOtherRes_KeyPress,
+                    &F::TxtOtherRes_LostFocus}),
+      // Results: shown in boxes, never typed into.
+      kit::Label("Txta_a", &F::Txta_a),
+      kit::Label("TxtLoopLoad", &F::TxtLoopLoad),
+      kit::Label("TxtFlow", &F::TxtFlow),
+      kit::Label("TxtVelocity", &F::TxtVelocity),
+      kit::Label("TxtSFR", &F::TxtSFR),
+      kit::Label("LblThema", &F::LblThema),
+      kit::Label("Lbla_a", &F::Lbla_a),
+      kit::Label("LblOwnership", &F::LblOwnership),
+      kit::Label("LblLoopNo", &F::LblLoopNo),
+      kit::Label("LblTempDrop", &F::LblTempDrop),
+      kit::Label("LblOrigTemp", &F::LblOrigTemp),
+      kit::Label("LblLoopLength", &F::LblLoopLength),
+      kit::Label("LblOtherRes", &F::LblOtherRes),
+      kit::Label("LblPipes", &F::LblPipes),
+      kit::Label("LblSomata", &F::LblSomata),
+      kit::Label("LblLoopLoad", &F::LblLoopLoad),
+      kit::Label("LblFlow", &F::LblFlow),
+      kit::Label("LblVelocity", &F::LblVelocity),
+      kit::Label("LblSFR", &F::LblSFR),
+      kit::Combo("CboPipes", &F::CboPipes),  // no change handler, kept on purpose
+      kit::Combo("CboSomata", &F::CboSomata, &F::CboSomata_Click),
+      kit::Command("CmdCalc", &F::CmdCalc, &F::CmdCalc_Click, kCalcTip),
+      kit::Command("CmdAddSpaces", &F::CmdAddSpaces, &F::CmdAddSpaces_Click,
+                   "ΠΡΟΣΘΗΚΗ ΧΩΡΩΝ ή ΣΩΜΑΤΩΝ ΣΤΟ ΚΥΚΛΩΜΑ, < + >"),
+      kit::Command("CmdRemoveSpaces", &F::CmdRemoveSpaces, &F::CmdRemoveSpaces_Click,
+                   "ΔΙΑΓΡΑΦΗ ΧΩΡΩΝ ή ΣΩΜΑΤΩΝ ΑΠΟ ΤΟ ΚΥΚΛΩΜΑ, < - >"),
+      kit::Command("CmdOneRowUp", &F::CmdOneRowUp, &F::CmdOneRowUp_Click,
+                   "ΠΡΟΩΘΗΣΗ ΣΕΙΡΑΣ ΔΕΔΟΜΕΝΩΝ, ΠΡΟΣ ΤΑ ΑΝΩ"),
+      kit::Command("CmdOneRowDn", &F::CmdOneRowDn, &F::CmdOneRowDn_Click,
+                   "ΠΡΟΩΘΗΣΗ ΣΕΙΡΑΣ ΔΕΔΟΜΕΝΩΝ, ΠΡΟΣ ΤΑ ΚΑΤΩ"),
+      kit::Command("CmdPaste", &F::CmdPaste, &F::CmdPaste_Click,
+                   "ΕΠΙΚΟΛΛΗΣΗ ΤΗΣ ΑΝΩ ΣΕΙΡΑΣ (Paste Uper Row)  - ή πλήκτρο < F5 >"),
+      kit::Command("CmdEditCols", &F::CmdEditCols, &F::CmdEditCols_Click),
+      kit::Command("CmdDeleteRow", &F::CmdDeleteRow, &F::CmdDeleteRow_Click,
+                   "ΔΙΑΓΡΑΦΗ ΣΕΙΡΑΣ ΑΠΟ ΤΟ SpreadSheet"),
+      kit::Command("CmdDeleteColumn", &F::CmdDeleteColumn, &F::CmdDeleteColumn_Click,
+                   "ΔΙΑΓΡΑΦΗ ΣΤΗΛΗΣ ΑΠΟ ΤΟ SpreadSheet"),
+      kit::Command("CmdFirst", &F::CmdFirst, &F::CmdFirst_Click,
+                   "ΠΡΩΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < Ctrl-Home >"),
+      kit::Command("CmdPrev", &F::CmdPrev, &F::CmdPrev_Click,
+                   "ΠΡΟΗΓΟΥΜΕΝΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < PgUp >"),
+      kit::Command("CmdNext", &F::CmdNext, &F::CmdNext_Click,
+                   "ΕΠΟΜΕΝΟ ΦΥΛΛΟ ή ΝΕΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < PgDn >"),
+      kit::Command("CmdLast", &F::CmdLast, &F::CmdLast_Click,
+                   "ΤΕΛΕΥΤΑΙΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΟΥ, < Ctrl-End >"),
+      kit::Command("CmdDeleteSheet", &F::CmdDeleteSheet, &F::CmdDeleteSheet_Click,
+                   "ΔΙΑΓΡΑΦΗ ΟΛΟΚΛΗΡΟΥ ΤΟΥ ΦΥΛΛΟΥ ΥΠΟΛΟΓΙΣΜΩΝ"),
+      kit::Command("CmdSave", &F::CmdSave, &F::CmdSave_Click,
+                   "ΔΗΜΙΟΥΡΓΙΑ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-S > ή  < Shift-F12 >"),
+      kit::Command("CmdOpen", &F::CmdOpen, &F::CmdOpen_Click,
+                   "ΑΝΑΚΛΗΣΗ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-O >"),
+      kit::Command("CmdNew", &F::CmdNew, &F::CmdNew_Click, "ΝΕΑ ΜΕΛΕΤΗ"),
+      kit::Command("Cmd_Client", &F::Cmd_Client, &F::Cmd_Client_Click,
+                   "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ"),
+      kit::Grid("Grid", &F::Grid,
+                {&F::Grid_EditCell, &F::Grid_Click, &F::Grid_MarkBlock}),
   };
-  return buttons;
+  return table;
 }
 
 FrmRavolin::FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter,
                        Platform& platform, CommandBoundary& boundary, Screens& screens)
-    : ws_(workspace),
+    : Screen(kName),
+      ws_(workspace),
       st_(state),
       prompter_(prompter),
       platform_(platform),
@@ -119,7 +157,17 @@ FrmRavolin::FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompt
   Caption.Text = kCaption;
   for (auto* output : {&Txta_a, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR})
     output->Enabled = false;  // shown, never typed into
-  BuildControls();
+}
+
+std::function<void()> FrmRavolin::KeepOwnState() {
+  return [this, kept = std::tuple(LoopTotalLoad, PipeInnerDiameter, InCalculation, OldTempDrop,
+                                  OldOrigTemp, OldRoomTemp, OldLoad, AddedLoad, SelectionBlock,
+                                  SomaSortKeys, CboSomataSetByProgram, oldThema_,
+                                  otherSheetsWaterKnown_, cboSomataGoingBack_)] {
+    std::tie(LoopTotalLoad, PipeInnerDiameter, InCalculation, OldTempDrop, OldOrigTemp,
+             OldRoomTemp, OldLoad, AddedLoad, SelectionBlock, SomaSortKeys, CboSomataSetByProgram,
+             oldThema_, otherSheetsWaterKnown_, cboSomataGoingBack_) = kept;
+  };
 }
 
 // The load of the main screen, in the order the engineer has always seen it.
@@ -133,7 +181,7 @@ void FrmRavolin::Form_Load() {
   Guarded(boundary_, [&] { RenameFiles(ws_, ".rvo", ".jpg"); });
   Guarded(boundary_, [&] { TestSomaFiles(); });
   Guarded(boundary_, [&] { LookForStudyLeftBehind(); });
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 void FrmRavolin::TestResolution() {
@@ -204,7 +252,7 @@ void FrmRavolin::LookForStudyLeftBehind() {
   if (sheetsExist && sheetsSize > 0 && loopsExist && loopsSize > 0) {
     // A study left behind by a run that did not end normally.
     FrmOldStudy old(*this, ws_);
-    screens_.ShowModal(old);
+    old.Open(screens_);
     return;
   }
   const bool sheetsWithoutRows = sheetsExist && sheetsSize > 0 && loopsExist && loopsSize == 0;
@@ -223,7 +271,7 @@ void FrmRavolin::Form_Unload() {
   if (Grid.DataRowCount() > 0) OfferToSave();
   KillRavoTemporaries(ws_);
   RenameFiles(ws_, ".jpg", ".rvo");
-  closed_ = true;
+  Close();
 }
 
 bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
@@ -281,54 +329,4 @@ bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
 
 void FrmRavolin::ShowManual() {
   if (ws_.FileExists(kManualFile)) platform_.OpenDocument(ws_.PathOf(kManualFile));
-}
-
-void FrmRavolin::BuildControls() {
-  controls_["Caption"] = LabelControl(Caption);
-  const std::vector<std::pair<const char*, Field*>> inputs = {
-      {"TxtThema", &TxtThema},       {"TxtOwnership", &TxtOwnership},
-      {"TxtLoopNo", &TxtLoopNo},     {"TxtTempDrop", &TxtTempDrop},
-      {"TxtOrigTemp", &TxtOrigTemp}, {"TxtLoopLength", &TxtLoopLength},
-      {"TxtOtherRes", &TxtOtherRes}};
-  for (const auto& [name, field] : inputs) controls_[name] = TextBoxControl(*field, EventsOf(name));
-  const std::vector<std::pair<const char*, Field*>> outputs = {{"Txta_a", &Txta_a},
-                                                               {"TxtLoopLoad", &TxtLoopLoad},
-                                                               {"TxtFlow", &TxtFlow},
-                                                               {"TxtVelocity", &TxtVelocity},
-                                                               {"TxtSFR", &TxtSFR}};
-  for (const auto& [name, field] : outputs) controls_[name] = LabelControl(*field);
-  static std::vector<Field> captionFields;  // the captions never change
-  if (captionFields.empty())
-    for (const auto& c : Captions()) captionFields.push_back(Field{c.Text});
-  for (std::size_t i = 0; i < Captions().size(); ++i)
-    controls_[Captions()[i].Label] = LabelControl(captionFields[i]);
-  controls_["CboPipes"] = ComboControl(CboPipes, [] {});  // no change handler, kept on purpose
-  controls_["CboSomata"] = ComboControl(CboSomata, [this] { CboSomata_Click(); });
-  const std::map<std::string, std::function<void()>> clicks = {
-      {"CmdCalc", [this] { CmdCalc_Click(); }},
-      {"CmdAddSpaces", [this] { CmdAddSpaces_Click(); }},
-      {"CmdRemoveSpaces", [this] { CmdRemoveSpaces_Click(); }},
-      {"CmdOneRowUp", [this] { CmdOneRowUp_Click(); }},
-      {"CmdOneRowDn", [this] { CmdOneRowDn_Click(); }},
-      {"CmdPaste", [this] { CmdPaste_Click(); }},
-      {"CmdEditCols", [this] { CmdEditCols_Click(); }},
-      {"CmdDeleteRow", [this] { CmdDeleteRow_Click(); }},
-      {"CmdDeleteColumn", [this] { CmdDeleteColumn_Click(); }},
-      {"CmdFirst", [this] { CmdFirst_Click(); }},
-      {"CmdPrev", [this] { CmdPrev_Click(); }},
-      {"CmdNext", [this] { CmdNext_Click(); }},
-      {"CmdLast", [this] { CmdLast_Click(); }},
-      {"CmdDeleteSheet", [this] { CmdDeleteSheet_Click(); }},
-      {"CmdSave", [this] { CmdSave_Click(); }},
-      {"CmdOpen", [this] { CmdOpen_Click(); }},
-      {"CmdNew", [this] { CmdNew_Click(); }},
-      {"Cmd_Client", [this] { Cmd_Client_Click(); }}};
-  for (const CommandButton& b : CommandButtons())
-    controls_[b.Name] = CommandControl(this->*b.Button, clicks.at(b.Name));
-  Control grid;
-  grid.Grid = &Grid;
-  grid.EditCell = [this](int r, int c, const std::string& t) { Grid_EditCell(r, c, t); };
-  grid.ClickCell = [this](int r, int c) { Grid_Click(r, c); };
-  grid.MarkBlock = [this](CellBlock b) { Grid_MarkBlock(b); };
-  controls_["Grid"] = grid;
 }

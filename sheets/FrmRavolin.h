@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "CommandBoundary.h"
-#include "Controls.h"
 #include "Message.h"
 #include "Platform.h"
 #include "RadiatorSizing.h"
-#include "Screens.h"
+#include "ScreenKit.h"
+#include "SheetOnScreen.h"
 #include "StudyRecords.h"
 #include "StudyState.h"
 #include "TextGrid.h"
@@ -22,15 +22,10 @@
 inline constexpr int kGridRows = 8;
 inline constexpr int kGridCols = 14;
 
-// A caption of the screen beside the control it names.
-struct HeaderCaption {
-  const char* Control;  // "TxtOwnership"
-  const char* Label;    // the control name of the caption itself, "LblOwnership"
-  const char* Text;     // "ΙΔΙΟΚΤΗΣΙΑ : "
-};
-
-class FrmRavolin : public ScriptScreen {
+class FrmRavolin : public Screen<FrmRavolin>, public SheetOnScreen {
  public:
+  static constexpr const char* kName = "FrmRavolin";
+  static const ControlTable<FrmRavolin>& Table();
   static constexpr const char* kCaption = "ΥΠΟΛΟΓΙΣΜΟΙ ΜΟΝΟΣΩΛΗΝΙΟΥ ΣΥΣΤΗΜΑΤΟΣ ΚΕΝΤΡΙΚΗΣ ΘΕΡΜΑΝΣΗΣ";
   static constexpr const char* kDefaultThema = "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ";
   static constexpr const char* kPipeListFile = "RavoPipes.txt";
@@ -43,16 +38,6 @@ class FrmRavolin : public ScriptScreen {
   FrmRavolin(Workspace& workspace, StudyState& state, Prompter& prompter, Platform& platform,
              CommandBoundary& boundary, Screens& screens);
 
-  // The command buttons of the screen that work, with their captions and tips, in screen order.
-  struct CommandButton {
-    const char* Name;  // "CmdCalc"
-    Field FrmRavolin::*Button;
-    const char* Tip;
-  };
-  static const std::vector<CommandButton>& CommandButtons();
-
-  // Captions of the header fields, in screen order.
-  static const std::vector<HeaderCaption>& Captions();
   // The column heads of the grid, columns 1 to 14.
   static const std::vector<std::string>& ColumnHeads();
 
@@ -61,6 +46,16 @@ class FrmRavolin : public ScriptScreen {
   Field TxtThema, TxtOwnership, TxtLoopNo, TxtTempDrop, TxtOrigTemp, TxtLoopLength, TxtOtherRes;
   Field Txta_a, TxtLoopLoad, TxtFlow, TxtVelocity, TxtSFR;
   ComboBox CboPipes, CboSomata;
+  // The captions beside the fields.
+  Field LblThema{"ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ : "}, Lbla_a{"ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ : "},
+      LblOwnership{"ΙΔΙΟΚΤΗΣΙΑ : "}, LblLoopNo{"ΕΝΔΕΙΚΤΙΚΟΣ ΑΡΙΘΜΟΣ ΚΥΚΛΩΜΑΤΟΣ : "},
+      LblTempDrop{"ΘΕΡΜΟΚΡΑΣΙΑΚΗ ΠΤΩΣΗ ΝΕΡΟΥ, ΣΤΟ ΚΥΚΛΩΜΑ :"},
+      LblOrigTemp{"ΘΕΡΜΟΚΡΑΣΙΑ ΕΙΣΟΔΟΥ ΤΟΥ ΝΕΡΟΥ ΣΤΟΝ ΒΡΟΧΟ :"},
+      LblLoopLength{"ΣΥΝΟΛΙΚΟ ΜΗΚΟΣ ΒΡΟΧΟΥ :"},
+      LblOtherRes{"ΙΣΟΔΥΝΑΜΟ ΜΗΚΟΣ ΕΙΔΙΚΩΝ ΤΟΠΙΚΩΝ ΑΝΤΙΣΤΑΣΕΩΝ ΒΡΟΧΟΥ :"},
+      LblPipes{"ΔΙΑΜΕΤΡΟΣ ΣΩΛΗΝΩΝ ΚΥΚΛΩΜΑΤΟΣ :"}, LblSomata{"ΚΑΤΗΓΟΡΙΑ ΘΕΡΜΑΝΤΙΚΩΝ ΣΩΜΑΤΩΝ :"},
+      LblLoopLoad{"ΘΕΡΜΙΚΟ ΦΟΡΤΙΟ ΚΥΚΛΩΜΑΤΟΣ : "}, LblFlow{"ΠΑΡΟΧΗ ΝΕΡΟΥ : "},
+      LblVelocity{"ΤΑΧΥΤΗΤΑ ΡΟΗΣ :"}, LblSFR{"ΕΙΔΙΚΗ ΑΝΤΙΣΤΑΣΗ ΡΟΗΣ :"};
   Field CmdCalc{"Υπολογισμοί"};
   Field CmdAddSpaces{"+"}, CmdRemoveSpaces{"−"}, CmdOneRowUp{"▲"}, CmdOneRowDn{"▼"};
   Field CmdPaste{"F5"}, CmdEditCols{"F2"}, CmdDeleteRow{"Διαγρ. Σειράς"},
@@ -68,10 +63,9 @@ class FrmRavolin : public ScriptScreen {
   Field CmdFirst{"|◀"}, CmdPrev{"◀"}, CmdNext{"▶"}, CmdLast{"▶|"}, CmdDeleteSheet{"Διαγρ. Φύλλου"};
   Field CmdSave{"Αποθήκευση"}, CmdOpen{"Άνοιγμα"}, CmdNew{"Νέα Μελέτη"};
   Field Cmd_Client{"Μελετητής"};
-  // Opens the names list. The program wires it, for the desktop and the script run alike: the
-  // names are a subsystem of their own, which the sheets do not know.
-  std::function<void()> OpenEngineerNames;
   TextGrid Grid{kGridRows, kGridCols};
+  // The names list, a screen of another subsystem, opened through what the program wired.
+  static constexpr const char* kNamesScreen = "FrmCLient";
 
   // State held by the screen itself.
   float LoopTotalLoad = 0;      // Kcal/h
@@ -95,9 +89,6 @@ class FrmRavolin : public ScriptScreen {
   // Set while the program selects an entry of CboSomata itself: the change handler then only
   // takes the working copy.
   bool CboSomataSetByProgram = false;
-
-  // Where the view must put the focus after the last event: a control name or "Grid".
-  std::string FocusTarget;
 
   // Start-up (the load of the screen) and program end (its close).
   void Form_Load();
@@ -173,15 +164,19 @@ class FrmRavolin : public ScriptScreen {
   void PutLoopDataOnScreen(const LoopRecord& record);
   void LoadSheet(int16_t sheet);
   // A study left behind comes back on the screen straight from the working files.
-  void OpeningOld();
+  void OpeningOld() override;
   // Appends a copied radiator (columns 1, 2, 3 and 10) at the first free row; the first row
   // into an empty grid brings the family of the sheet it comes from.
-  void PutAddLoopDataOnSpread(const LoopRecord& record, float sourceFamily);
+  void PutAddLoopDataOnSpread(const LoopRecord& record, float sourceFamily) override;
   // Column 4 and TxtLoopLoad again from the loads.
-  void RebuildRunningLoad();
+  void RebuildRunningLoad() override;
   // The sheets of the study ("SHEETS.TMP" counted), kept in SheetCount.
-  int16_t CountSheets();
-  Workspace& Files() { return ws_; }
+  int16_t CountSheets() override;
+  Workspace& Files() override { return ws_; }
+  TextGrid& Rows() override { return Grid; }
+  float& RunningLoad() override { return AddedLoad; }
+  Field& LoopLoadBox() override { return TxtLoopLoad; }
+  Field& SheetNumberBox() override { return Txta_a; }
   void CmdDeleteSheet_Click();
   void SetInitialValues();
   void CmdNext_Click();
@@ -195,29 +190,23 @@ class FrmRavolin : public ScriptScreen {
   void Cmd_Client_Click();
   void CmdOpen_Click();
   void ClassicOpenFile_M();
-  void OpenFile(std::string fileName);
+  void OpenFile(std::string fileName) override;
 
   // The radiator families: the type files of the program folder and the working copy.
   void SetCategoryNumbers();
   void FillSomaCategoryCombos();
-  void FIXData_in_Combo(int16_t rows);
+  void FIXData_in_Combo(int16_t rows) override;
   void GetListIndex(const std::string& name, int16_t& index);
   void CboSomata_Click();
 
   // Discarding results: the same few steps wherever the sheet's results become invalid.
   void DeleteResultsCells();
-  void DeleteLoopData();
-  void DeleteSpreadData();
+  void DeleteLoopData() override;
+  void DeleteSpreadData() override;
 
-  // The events of each text box (the view and the script driver use the same ones).
-  TextBoxEvents EventsOf(const std::string& control);
-
-  // ScriptScreen.
-  std::string ScreenName() const override { return "FrmRavolin"; }
-  ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override { Form_KeyDown(key); }
+  // The screen's keys and close box.
+  bool KeyDown(const KeyStroke& key) override { return Form_KeyDown(key); }
   void CloseBox() override { Form_Unload(); }
-  bool Closed() const override { return closed_; }
 
  private:
   void TestResolution();
@@ -262,9 +251,6 @@ class FrmRavolin : public ScriptScreen {
   // list.
   float Velocity(float flow) const;
   float SpecificResistance(float flow) const;
-  // Runs a command that writes the screen: when it fails, the screen is put back as it was
-  // before it, as the command boundary puts back the files.
-  void KeepScreenOnFault(const std::function<void()>& command);
   void RadiatorTooSmall(int row);
   void WriteRowResults(int row, float in, float out, float mean, float factor, float equivalent);
   void WriteRowSize(int row, const SomaSize& size);
@@ -274,11 +260,12 @@ class FrmRavolin : public ScriptScreen {
   void ComputeWaterContent(int16_t savedSheet);
   void UpdateWaterContent(RecordFile<SheetRecord>& sheets, int32_t first, int32_t last);
   void SelectFamilyQuietly(int index);
-  // Steps 4 and 5 of taking the working copy, for the rows `first` to `last`.
+  // The model names of the working copy, as the list of column 10 of the rows `first` to
+  // `last`; the family in use follows the working copy.
   void TakeModelLists(int first, int last);
-  void BuildControls();
+  std::function<void()> KeepOwnState() override;
   // A range check of the temperature fields on focus loss (messages -13 and -14).
-  void CheckTemperatureField(Field& field, const char* name, float& oldValue, double low,
+  void CheckTemperatureField(Field& field, float& oldValue, double low,
                              double high, int16_t rangeMessage);
   void DiscardResults(bool withLoopData);
   void RewriteThemaInRecords(const std::string& thema);
@@ -289,11 +276,9 @@ class FrmRavolin : public ScriptScreen {
   Prompter& prompter_;
   Platform& platform_;
   CommandBoundary& boundary_;
-  ControlMap controls_;
   RadiatorSizing sizing_;
   Screens& screens_;
   std::string oldThema_;
   bool keepOtherSheetsWater_ = false, otherSheetsWaterKnown_ = false;
-  bool closed_ = false;
   bool cboSomataGoingBack_ = false;
 };

@@ -64,64 +64,37 @@ class FlagScope {
 // ---- The command ---------------------------------------------------------------------------
 
 void FrmRavolin::CmdCalc_Click() {
-  KeepScreenOnFault([this] {
-    CheckWrittenValues("CALCULATIONS");
-    if (st_.ErrorFlag == -1) {
-      st_.ErrorFlag = 0;
-      FocusTarget = "Grid";
-      return;
-    }
-    FlagScope calculating(InCalculation);
-    Calc();
-  });
-}
-
-void FrmRavolin::KeepScreenOnFault(const std::function<void()>& command) {
-  const TextGrid grid = Grid;
-  const std::vector<Field> fields = {TxtThema,    TxtOwnership,  TxtLoopNo,   TxtTempDrop,
-                                     TxtOrigTemp, TxtLoopLength, TxtOtherRes, Txta_a,
-                                     TxtLoopLoad, TxtFlow,       TxtVelocity, TxtSFR};
-  const float loopTotalLoad = LoopTotalLoad;
-  const int16_t calculated = st_.Calculated;
-  const int16_t studyChanged = st_.StudyChanged;
-  try {
-    command();
-  } catch (...) {
-    Grid = grid;
-    std::size_t i = 0;
-    for (Field* f :
-         {&TxtThema, &TxtOwnership, &TxtLoopNo, &TxtTempDrop, &TxtOrigTemp, &TxtLoopLength,
-          &TxtOtherRes, &Txta_a, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR})
-      *f = fields[i++];
-    LoopTotalLoad = loopTotalLoad;
-    st_.Calculated = calculated;
-    st_.StudyChanged = studyChanged;
-    FocusTarget = "Grid";
-    throw;
+  CheckWrittenValues("CALCULATIONS");
+  if (st_.ErrorFlag == -1) {
+    st_.ErrorFlag = 0;
+    FocusOn(Grid);
+    return;
   }
+  FlagScope calculating(InCalculation);
+  Calc();
 }
 
 void FrmRavolin::Calc() {
   if (Trim(TxtOwnership.Text).empty()) {
     RavoMessages(-2, prompter_, st_);
-    FocusTarget = "TxtOwnership";
+    FocusOn(TxtOwnership);
     return;
   }
   if (Trim(TxtLoopNo.Text).empty()) {
     RavoMessages(-3, prompter_, st_);
-    FocusTarget = "TxtLoopNo";
+    FocusOn(TxtLoopNo);
     return;
   }
   if (st_.Parse(TxtLoopLength.Text) == 0) {
     RavoMessages(-4, prompter_, st_);
-    FocusTarget = "TxtLoopLength";
+    FocusOn(TxtLoopLength);
     return;
   }
   int16_t lastRow = 0;
   GetLastDataRow(lastRow);
   if (lastRow == 0) {
     RavoMessages(-1, prompter_, st_);
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
   st_.Calculated = 0;
@@ -129,7 +102,7 @@ void FrmRavolin::Calc() {
     for (int col : {1, 2, 3, 10}) {
       if (Trim(Grid.Text(row, col)).empty()) {
         RavoMessages(-1, prompter_, st_);
-        FocusTarget = "Grid";
+        FocusOn(Grid);
         return;
       }
     }
@@ -247,7 +220,7 @@ void FrmRavolin::RadiatorTooSmall(int row) {
   DeleteResultsCells();
   st_.Calculated = 0;
   DeleteLoopData();
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 void FrmRavolin::CalculateSoma_Fetes(float tempDiff, float load, const std::string& somaType,
@@ -310,19 +283,18 @@ void FrmRavolin::GetTotalSheetLoaD(float& total, float& real) {
 // The test before the sheet is left: only a complete, calculated sheet may be left. -2: a
 // header field was missing and has been reported; -1: the caller reports (message -6).
 void FrmRavolin::CheckIfOkToProceed() {
-  const std::vector<std::tuple<Field*, const char*, int16_t>> header = {
-      {&TxtOwnership, "TxtOwnership", -2}, {&TxtLoopNo, "TxtLoopNo", -3}};
-  for (const auto& [field, name, code] : header) {
+  const std::pair<Field*, int16_t> header[] = {{&TxtOwnership, -2}, {&TxtLoopNo, -3}};
+  for (const auto& [field, code] : header) {
     if (!Trim(field->Text).empty()) continue;
     RavoMessages(code, prompter_, st_);
     st_.ErrorFlag = -2;
-    FocusTarget = name;
+    FocusOn(*field);
     return;
   }
   if (st_.Parse(TxtLoopLength.Text) == 0) {
     RavoMessages(-4, prompter_, st_);
     st_.ErrorFlag = -2;
-    FocusTarget = "TxtLoopLength";
+    FocusOn(TxtLoopLength);
     return;
   }
   int16_t lastRow = 0;
@@ -365,7 +337,7 @@ void FrmRavolin::CheckWrittenValues(const std::string& mode) {
     prompter_.Show(IncompleteRowMessage(fault));
     st_.ErrorFlag = -1;
     Grid.SetActiveCell(row, col);
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
   if (!forCalculation) return;
@@ -374,6 +346,6 @@ void FrmRavolin::CheckWrittenValues(const std::string& mode) {
   if (sum >= 8001) {
     st_.ErrorFlag = -1;
     prompter_.Show(ExcessiveLoadMessage());
-    FocusTarget = "Grid";
+    FocusOn(Grid);
   }
 }

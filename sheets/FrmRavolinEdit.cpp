@@ -45,7 +45,7 @@ void FrmRavolin::Grid_EditCell(int row, int col, const std::string& text) {
   std::u32string typed = Utf8ToU32(text);
   if (col == 1 && typed.size() > kSomaNoLength) typed.resize(kSomaNoLength);
   Grid.SetText(row, col, U32ToUtf8(typed));
-  KeepScreenOnFault([&] { SomethingHasChanged_Spread(row, col); });
+  SomethingHasChanged_Spread(row, col);
 }
 
 // The load and the room temperature as they stood when the cell was entered: a new value that
@@ -60,7 +60,7 @@ void FrmRavolin::SomethingHasChanged_Spread(int row, int col) {
     const std::string load = Trim(Grid.Text(row, 2));
     if (load.empty() || st_.Parse(load) == 0) {
       Grid.SetText(row, 10, {});
-      FocusTarget = "Grid";
+      FocusOn(Grid);
       return;
     }
     // A new model on a calculated sheet recalculates at once.
@@ -84,69 +84,63 @@ void FrmRavolin::SomethingHasChanged_Spread(int row, int col) {
 // ---- Rows ----------------------------------------------------------------------------------
 
 void FrmRavolin::CmdAddSpaces_Click() {
-  KeepScreenOnFault([this] {
-    FocusTarget = "Grid";
-    if (st_.Calculated == 0) {
-      CheckWrittenValues("ADDVALUES");
-      if (st_.ErrorFlag != 0) {
-        st_.ErrorFlag = 0;
-        return;
-      }
-    } else if (!DiscardAfterQuestion()) {
+  FocusOn(Grid);
+  if (st_.Calculated == 0) {
+    CheckWrittenValues("ADDVALUES");
+    if (st_.ErrorFlag != 0) {
+      st_.ErrorFlag = 0;
       return;
     }
-    SaveTemporarData();
-    int16_t lastRow = 0;
-    GetLastDataRow(lastRow);
-    if (lastRow >= kGridRows) {
-      RavoMessages(-7, prompter_, st_);
-      FocusTarget = "Grid";
-      return;
-    }
-    FrmRavoAdd add(*this, st_, prompter_, screens_);
-    screens_.ShowModal(add);
-    FocusTarget = "Grid";
-  });
+  } else if (!DiscardAfterQuestion()) {
+    return;
+  }
+  SaveTemporarData();
+  int16_t lastRow = 0;
+  GetLastDataRow(lastRow);
+  if (lastRow >= kGridRows) {
+    RavoMessages(-7, prompter_, st_);
+    FocusOn(Grid);
+    return;
+  }
+  FrmRavoAdd add(*this, st_, prompter_, screens_);
+  add.Open(screens_);
+  FocusOn(Grid);
 }
 
 // Message -5 on a calculated sheet: "YES" discards the results with the loop's figures.
 bool FrmRavolin::DiscardAfterQuestion() {
   const bool yes = AskYes(-5);
-  FocusTarget = "Grid";
+  FocusOn(Grid);
   if (yes) DiscardResults(true);
   return yes;
 }
 
 void FrmRavolin::CmdRemoveSpaces_Click() {
-  KeepScreenOnFault([this] {
-    FocusTarget = "Grid";
-    const int row = Grid.ActiveRow();
-    const int rows = Grid.DataRowCount();
-    if (rows == 0 || row > rows) return;
-    if (!AskYes(-9)) return;
-    if (st_.Calculated != 0) DiscardResults(false);
-    SaveTemporarData();
-    Grid.DeleteRow(row);
-    FIXData_in_Combo(1);
-    FocusTarget = "Grid";
-    st_.StudyChanged = -1;
-    HeaderRecompute();
-    // Kept on purpose: the flag was cleared above, so no recalculation follows.
-  });
+  FocusOn(Grid);
+  const int row = Grid.ActiveRow();
+  const int rows = Grid.DataRowCount();
+  if (rows == 0 || row > rows) return;
+  if (!AskYes(-9)) return;
+  if (st_.Calculated != 0) DiscardResults(false);
+  SaveTemporarData();
+  Grid.DeleteRow(row);
+  FIXData_in_Combo(1);
+  FocusOn(Grid);
+  st_.StudyChanged = -1;
+  HeaderRecompute();
+  // Kept on purpose: the flag was cleared above, so no recalculation follows.
 }
 
 void FrmRavolin::CmdDeleteRow_Click() {
-  KeepScreenOnFault([this] {
-    Grid.DeleteRow(Grid.ActiveRow());
-    FIXData_in_Combo(1);
-    FocusTarget = "Grid";
-    HeaderRecompute();
-  });
+  Grid.DeleteRow(Grid.ActiveRow());
+  FIXData_in_Combo(1);
+  FocusOn(Grid);
+  HeaderRecompute();
 }
 
 void FrmRavolin::CmdDeleteColumn_Click() {
   Grid.DeleteColumn(Grid.ActiveCol());
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 void FrmRavolin::HeaderRecompute() {
@@ -161,19 +155,19 @@ void FrmRavolin::HeaderRecompute() {
 void FrmRavolin::CmdOneRowUp_Click() {
   const int row = Grid.ActiveRow();
   if (row <= 1 || row > Grid.DataRowCount()) {
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
-  KeepScreenOnFault([&] { SwapRows(row, row - 1); });
+  SwapRows(row, row - 1);
 }
 
 void FrmRavolin::CmdOneRowDn_Click() {
   const int row = Grid.ActiveRow();
   if (row >= Grid.DataRowCount()) {
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
-  KeepScreenOnFault([&] { SwapRows(row, row + 1); });
+  SwapRows(row, row + 1);
 }
 
 // The active row changes place with its neighbour; the active cell follows it.
@@ -187,7 +181,7 @@ void FrmRavolin::SwapRows(int row, int other) {
   Grid.SetActiveCell(other, 1);
   st_.StudyChanged = -1;
   SaveTemporarData();
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 // ---- The copy from the row above -----------------------------------------------------------
@@ -209,45 +203,41 @@ void FrmRavolin::CopyUpperValues() {
     Grid.SetActiveCell(block.Row2, block.Col2);
   SelectionBlock = {};
   Grid.ClearBlock();
-  FocusTarget = "Grid";
+  FocusOn(Grid);
   st_.StudyChanged = -1;
 }
 
 void FrmRavolin::KeyF5() {
-  KeepScreenOnFault([this] {
-    const int col = Grid.ActiveCol();
-    if ((col == 2 || col == 3) && (st_.Calculated == 0 || DiscardAfterQuestion())) {
-      CopyUpperValues();
-    } else if (col == 10) {
-      CopyUpperValues();
-      Caption.Text = kCaption;
-      SomethingHasChanged_Spread(Grid.ActiveRow(), Grid.ActiveCol());
-    }
+  const int col = Grid.ActiveCol();
+  if ((col == 2 || col == 3) && (st_.Calculated == 0 || DiscardAfterQuestion())) {
+    CopyUpperValues();
+  } else if (col == 10) {
+    CopyUpperValues();
     Caption.Text = kCaption;
-    SelectionBlock = {};
-    Grid.ClearBlock();
-    FocusTarget = "Grid";
-  });
+    SomethingHasChanged_Spread(Grid.ActiveRow(), Grid.ActiveCol());
+  }
+  Caption.Text = kCaption;
+  SelectionBlock = {};
+  Grid.ClearBlock();
+  FocusOn(Grid);
 }
 
 void FrmRavolin::CmdPaste_Click() {
-  KeepScreenOnFault([this] {
-    FocusTarget = "Grid";
-    const int row = Grid.ActiveRow();
-    const int rows = Grid.DataRowCount();
-    if (!RowsOfTheCopy(Grid.ActiveCol()) || row > rows + 1) return;
-    const bool holdsData = row <= rows && !Grid.RowIsEmpty(row);
-    if (holdsData && st_.Calculated != 0 && !DiscardAfterQuestion()) return;
-    CopyUpperValues();
-    Caption.Text = kCaption;
-  });
+  FocusOn(Grid);
+  const int row = Grid.ActiveRow();
+  const int rows = Grid.DataRowCount();
+  if (!RowsOfTheCopy(Grid.ActiveCol()) || row > rows + 1) return;
+  const bool holdsData = row <= rows && !Grid.RowIsEmpty(row);
+  if (holdsData && st_.Calculated != 0 && !DiscardAfterQuestion()) return;
+  CopyUpperValues();
+  Caption.Text = kCaption;
 }
 
 // ---- Columns opened for typing -------------------------------------------------------------
 
 void FrmRavolin::CmdEditCols_Click() {
   EditSomeCols();
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 void FrmRavolin::EditSomeCols() {

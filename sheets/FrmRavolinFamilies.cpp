@@ -185,10 +185,10 @@ void FrmRavolin::CboSomata_Click() {
     cboSomataGoingBack_ = true;
     CboSomata.Index = index;
     CboSomata_Click();  // the change back only clears the guard
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
   FillSomaCategoryCombos();
   DiscardResults(true);
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }

@@ -14,7 +14,7 @@ constexpr char32_t kEnter = 13;
 
 bool FrmRavolin::AcceptsDigits(char32_t ch, bool decimalSeparator) {
   if (ch == kEnter) {
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return false;
   }
   if (ch == kBackspace || (ch >= U'0' && ch <= U'9')) return true;
@@ -62,7 +62,7 @@ void FrmRavolin::RewriteThemaInRecords(const std::string& thema) {
 void FrmRavolin::TxtOwnership_GotFocus() {}
 bool FrmRavolin::TxtOwnership_KeyPress(char32_t ch) {
   if (ch == kEnter) {
-    FocusTarget = "TxtLoopNo";
+    FocusOn(TxtLoopNo);
     return false;
   }
   return AcceptsText(ch);
@@ -71,7 +71,7 @@ bool FrmRavolin::TxtOwnership_KeyPress(char32_t ch) {
 void FrmRavolin::TxtLoopNo_GotFocus() {}
 bool FrmRavolin::TxtLoopNo_KeyPress(char32_t ch) {
   if (ch == kEnter) {
-    FocusTarget = "TxtTempDrop";
+    FocusOn(TxtTempDrop);
     return false;
   }
   return AcceptsText(ch);
@@ -84,7 +84,7 @@ bool FrmRavolin::TxtTempDrop_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
 }
 void FrmRavolin::TxtTempDrop_LostFocus() {
-  CheckTemperatureField(TxtTempDrop, "TxtTempDrop", OldTempDrop, 8, 30, -13);
+  CheckTemperatureField(TxtTempDrop, OldTempDrop, 8, 30, -13);
 }
 
 void FrmRavolin::TxtOrigTemp_GotFocus() {
@@ -94,18 +94,17 @@ bool FrmRavolin::TxtOrigTemp_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
 }
 void FrmRavolin::TxtOrigTemp_LostFocus() {
-  CheckTemperatureField(TxtOrigTemp, "TxtOrigTemp", OldOrigTemp, 30, 90, -14);
+  CheckTemperatureField(TxtOrigTemp, OldOrigTemp, 30, 90, -14);
 }
 
 // Out of range: the message, the old value back, the focus stays. In range but
 // changed on a calculated sheet: question -5; "NO" puts the old value back.
-void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& oldValue, double low,
-                                       double high, int16_t rangeMessage) {
+void FrmRavolin::CheckTemperatureField(Field& field, float& oldValue, double low, double high, int16_t rangeMessage) {
   const double value = st_.Parse(field.Text);
   if (value < low || value > high) {
     RavoMessages(rangeMessage, prompter_, st_);
     field.Text = CStrSingle(oldValue, st_.Seps());
-    FocusTarget = name;
+    FocusOn(field);
     return;
   }
   if (static_cast<float>(value) == oldValue || !st_.Calculated) return;
@@ -114,7 +113,7 @@ void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& ol
     DiscardResults(true);
   else
     field.Text = CStrSingle(oldValue, st_.Seps());
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 void FrmRavolin::TxtLoopLength_GotFocus() {
@@ -160,35 +159,4 @@ void FrmRavolin::DeleteLoopData() {
 void FrmRavolin::DeleteSpreadData() {
   Grid.ClearAll();
   Grid.SetActiveCell(1, 1);
-}
-
-TextBoxEvents FrmRavolin::EventsOf(const std::string& control) {
-  using Events = TextBoxEvents;
-  auto accept = [](char32_t) { return true; };
-  auto none = [] {};
-  if (control == "TxtThema")
-    return Events{[this] { TxtThema_GotFocus(); }, accept, [this] { TxtThema_LostFocus(); }};
-  if (control == "TxtOwnership")
-    return Events{[this] { TxtOwnership_GotFocus(); },
-                  [this](char32_t c) { return TxtOwnership_KeyPress(c); }, none};
-  if (control == "TxtLoopNo")
-    return Events{[this] { TxtLoopNo_GotFocus(); },
-                  [this](char32_t c) { return TxtLoopNo_KeyPress(c); }, none};
-  if (control == "TxtTempDrop")
-    return Events{[this] { TxtTempDrop_GotFocus(); },
-                  [this](char32_t c) { return TxtTempDrop_KeyPress(c); },
-                  [this] { TxtTempDrop_LostFocus(); }};
-  if (control == "TxtOrigTemp")
-    return Events{[this] { TxtOrigTemp_GotFocus(); },
-                  [this](char32_t c) { return TxtOrigTemp_KeyPress(c); },
-                  [this] { TxtOrigTemp_LostFocus(); }};
-  if (control == "TxtLoopLength")
-    return Events{[this] { TxtLoopLength_GotFocus(); },
-                  [this](char32_t c) { return TxtLoopLength_KeyPress(c); },
-                  [this] { TxtLoopLength_LostFocus(); }};
-  if (control == "TxtOtherRes")
-    return Events{[this] { TxtOtherRes_GotFocus(); },
-                  [this](char32_t c) { return TxtOtherRes_KeyPress(c); },
-                  [this] { TxtOtherRes_LostFocus(); }};
-  return Events{none, accept, none};
 }

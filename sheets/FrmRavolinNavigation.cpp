@@ -16,7 +16,7 @@ void FrmRavolin::SetInitialValues() {
   st_.Calculated = 0;
   DeleteSpreadData();
   TakeFamilyInUse();
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 // The family of SomaCategory selected quietly in CboSomata, which takes its working copy.
@@ -40,34 +40,32 @@ bool FrmRavolin::LeaveEmptySheet(int16_t target) {
 }
 
 void FrmRavolin::CmdNext_Click() {
-  KeepScreenOnFault([this] {
-    FocusTarget = "Grid";
-    if (Grid.DataRowCount() == 0) {
-      LeaveEmptySheet(static_cast<int16_t>(st_.CurrentSheet + 1));
-      return;
-    }
-    CheckIfOkToProceed();
-    if (st_.ErrorFlag == -1) RavoMessages(-6, prompter_, st_);
-    if (st_.ErrorFlag != 0) {
-      st_.ErrorFlag = 0;
-      FocusTarget = "Grid";
-      return;
-    }
-    SaveTemporarData();
-    LockProperColumns();
-    SaveTemporarData();
-    st_.CurrentSheet = AddI16(st_.CurrentSheet, 1);
-    if (st_.CurrentSheet <= st_.SheetCount) {
-      LoadSheet(st_.CurrentSheet);
-    } else {
-      // A new sheet is born with the header of the one before it.
-      SetInitialValues();
-      FrmRavoAdd add(*this, st_, prompter_, screens_);
-      screens_.ShowModal(add);
-      st_.Calculated = 0;
-    }
-    FocusTarget = "Grid";
-  });
+  FocusOn(Grid);
+  if (Grid.DataRowCount() == 0) {
+    LeaveEmptySheet(static_cast<int16_t>(st_.CurrentSheet + 1));
+    return;
+  }
+  CheckIfOkToProceed();
+  if (st_.ErrorFlag == -1) RavoMessages(-6, prompter_, st_);
+  if (st_.ErrorFlag != 0) {
+    st_.ErrorFlag = 0;
+    FocusOn(Grid);
+    return;
+  }
+  SaveTemporarData();
+  LockProperColumns();
+  SaveTemporarData();
+  st_.CurrentSheet = AddI16(st_.CurrentSheet, 1);
+  if (st_.CurrentSheet <= st_.SheetCount) {
+    LoadSheet(st_.CurrentSheet);
+  } else {
+    // A new sheet is born with the header of the one before it.
+    SetInitialValues();
+    FrmRavoAdd add(*this, st_, prompter_, screens_);
+    add.Open(screens_);
+    st_.Calculated = 0;
+  }
+  FocusOn(Grid);
 }
 
 void FrmRavolin::CmdPrev_Click() {
@@ -85,24 +83,22 @@ void FrmRavolin::CmdLast_Click() {
 // PgUp, Ctrl-Home and Ctrl-End. Kept on purpose: unlike PgDn they move even after the message
 // of a missing header field.
 void FrmRavolin::GoBackTo(int16_t target, bool alreadyThere) {
-  KeepScreenOnFault([&] {
-    FocusTarget = "Grid";
-    if (alreadyThere) return;
-    if (Grid.DataRowCount() == 0) {
-      LeaveEmptySheet(target);
-      return;
-    }
-    CheckIfOkToProceed();
-    if (st_.ErrorFlag == -1) {
-      RavoMessages(-6, prompter_, st_);
-      st_.ErrorFlag = 0;
-      return;
-    }
+  FocusOn(Grid);
+  if (alreadyThere) return;
+  if (Grid.DataRowCount() == 0) {
+    LeaveEmptySheet(target);
+    return;
+  }
+  CheckIfOkToProceed();
+  if (st_.ErrorFlag == -1) {
+    RavoMessages(-6, prompter_, st_);
     st_.ErrorFlag = 0;
-    LockProperColumns();
-    SaveTemporarData();
-    if (target < 1 || target > CountSheets()) return;
-    LoadSheet(target);
-    FocusTarget = "Grid";
-  });
+    return;
+  }
+  st_.ErrorFlag = 0;
+  LockProperColumns();
+  SaveTemporarData();
+  if (target < 1 || target > CountSheets()) return;
+  LoadSheet(target);
+  FocusOn(Grid);
 }

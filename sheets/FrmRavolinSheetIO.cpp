@@ -75,12 +75,12 @@ void FrmRavolin::SaveTemporarData() {
 void FrmRavolin::SaveEmptySheet() {
   const auto [exists, size] = ws_.FileExistsAndSize(kSheetsFile);
   if (!exists) {
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
   if (size == 0) ws_.Delete(kSheetsFile);
   if (AskYes(-12)) CmdDeleteSheet_Click();
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 FrmRavolin::SheetHeader FrmRavolin::ReadSheetHeader() {

@@ -36,11 +36,11 @@ void FrmRavolin::CmdDeleteSheet_Click() {
   CountSheets();
   const int16_t shown = CInt(st_.Parse(Txta_a.Text));
   if (st_.SheetCount == 0 || (st_.SheetCount == 1 && shown == 1)) {
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
   if (!AskYes(-11)) {
-    FocusTarget = "Grid";
+    FocusOn(Grid);
     return;
   }
   int16_t next = 0;
@@ -59,7 +59,7 @@ void FrmRavolin::CmdDeleteSheet_Click() {
   // A deleted loop invalidates the levels and the whole network work of the study.
   ws_.Delete("RAVOFLOORS.TMP");
   for (const std::string& name : NetworkFileNames()) ws_.Delete(name);
-  FocusTarget = "Grid";
+  FocusOn(Grid);
 }
 
 void FrmRavolin::RemoveSheetFromFiles(int16_t sheet) {

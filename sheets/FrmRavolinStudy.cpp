@@ -53,22 +53,20 @@ bool EndsWithStudyExtension(const std::string& name) {
 // Ctrl-S, Shift-F12: only a calculated sheet is saved. The sheet on the screen is written to
 // the working files first, so that the study file holds it as the engineer sees it.
 void FrmRavolin::CmdSave_Click() {
-  KeepScreenOnFault([this] {
-    FocusTarget = "Grid";
-    if (st_.Calculated == 0) return;
-    SaveTemporarData();
-    const auto answer = platform_.AskSaveFile(ws_.PathOf("RVLFiles"), kStudyFilter);
-    if (!answer) return;
-    std::string fileName = answer->string();
-    if (!EndsWithStudyExtension(fileName)) fileName += ".sht";
-    SaveAsFile(fileName);
-    st_.StudyFileName = fileName;
-    st_.StudyChanged = 0;
-  });
+  FocusOn(Grid);
+  if (st_.Calculated == 0) return;
+  SaveTemporarData();
+  const auto answer = platform_.AskSaveFile(ws_.PathOf("RVLFiles"), kStudyFilter);
+  if (!answer) return;
+  std::string fileName = answer->string();
+  if (!EndsWithStudyExtension(fileName)) fileName += ".sht";
+  SaveAsFile(fileName);
+  st_.StudyFileName = fileName;
+  st_.StudyChanged = 0;
 }
 
 void FrmRavolin::SaveAsFile(std::string fileName) {
-  FocusTarget = "Grid";
+  FocusOn(Grid);
   const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize("SHEETS.TMP");
   if (!sheetsExist || sheetsSize == 0) return;
   // Each file of the study goes through a second file and a rename, so that a crash leaves it
@@ -87,22 +85,20 @@ void FrmRavolin::SaveAsFile(std::string fileName) {
 // Kept on purpose: TxtOrigTemp, Txta_a and CurrentSheet stay as they were, so a new study
 // begun on a later sheet starts with gaps.
 void FrmRavolin::CmdNew_Click() {
-  KeepScreenOnFault([this] {
-    FocusTarget = "Grid";
-    if (Grid.DataRowCount() > 0 && prompter_.Show(NewStudyQuestion()) != Answer::Yes) return;
-    OfferToSave();
-    KillRavoTemporaries(ws_);
-    st_.InitializeVariables();
-    TxtThema.Text = kDefaultThema;
-    oldThema_ = kDefaultThema;
-    TxtTempDrop.Text = "20";
-    for (Field* f : {&TxtOwnership, &TxtLoopNo, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR,
-                     &TxtLoopLength, &TxtOtherRes})
-      f->Text.clear();
-    if (!CboPipes.Items.empty()) CboPipes.Index = 0;
-    if (!CboSomata.Items.empty()) SelectFamilyQuietly(0);
-    Grid.ClearAll();
-  });
+  FocusOn(Grid);
+  if (Grid.DataRowCount() > 0 && prompter_.Show(NewStudyQuestion()) != Answer::Yes) return;
+  OfferToSave();
+  KillRavoTemporaries(ws_);
+  st_.InitializeVariables();
+  TxtThema.Text = kDefaultThema;
+  oldThema_ = kDefaultThema;
+  TxtTempDrop.Text = "20";
+  for (Field* f : {&TxtOwnership, &TxtLoopNo, &TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR,
+                   &TxtLoopLength, &TxtOtherRes})
+    f->Text.clear();
+  if (!CboPipes.Items.empty()) CboPipes.Index = 0;
+  if (!CboSomata.Items.empty()) SelectFamilyQuietly(0);
+  Grid.ClearAll();
 }
 
 // Message -10 when the study has changed since it was last saved and the sheet holds results;
@@ -115,17 +111,15 @@ bool FrmRavolin::OfferToSave() {
 
 // Ctrl-O: unsaved work is offered a save first, then the browser of RVLFiles/.
 void FrmRavolin::CmdOpen_Click() {
-  KeepScreenOnFault([this] {
-    if (st_.StudyChanged != 0) {
-      int16_t lastRow = 0;
-      GetLastDataRow(lastRow);
-      if (OfferToSave()) st_.StudyChanged = 0;
-    }
-    FrmOpenSave_M browser(*this, ws_, st_);
-    screens_.ShowModal(browser);
-    if (browser.ClassicRequested) ClassicOpenFile_M();
-    FocusTarget = "Grid";
-  });
+  if (st_.StudyChanged != 0) {
+    int16_t lastRow = 0;
+    GetLastDataRow(lastRow);
+    if (OfferToSave()) st_.StudyChanged = 0;
+  }
+  FrmOpenSave_M browser(*this, ws_, st_);
+  browser.Open(screens_);
+  if (browser.ClassicRequested) ClassicOpenFile_M();
+  FocusOn(Grid);
 }
 
 void FrmRavolin::ClassicOpenFile_M() {
@@ -168,5 +162,5 @@ void FrmRavolin::OpenFile(std::string fileName) {
 }
 
 void FrmRavolin::Cmd_Client_Click() {
-  if (OpenEngineerNames) OpenEngineerNames();
+  screens_.Open(kNamesScreen);
 }

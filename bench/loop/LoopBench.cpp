@@ -73,7 +73,7 @@ struct Desk {
   StudyState state;
   ScriptedPrompter prompter;
   FakePlatform platform;
-  CommandBoundary boundary{ws, prompter};
+  CommandBoundary boundary{ws, prompter, state};
   ScriptedScreens screens;
   std::unique_ptr<FrmRavolin> form;
 };

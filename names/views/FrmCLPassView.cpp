@@ -1,45 +1,23 @@
 #include "FrmCLPassView.h"
 
 #include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 FrmCLPassView::FrmCLPassView(FrmCLPass& logic, CommandBoundary& boundary, QWidget* parent)
-    : QDialog(parent), logic_(logic), boundary_(boundary) {
-  setObjectName(QStringLiteral("FrmCLPass"));
-  setWindowTitle(QString::fromStdString(logic_.Caption.Text));
-  const auto runner = [this](const std::function<void()>& h) { Run(h); };
+    : DialogView(logic, boundary, parent) {
   auto* layout = new QVBoxLayout(this);
   auto* form = new QFormLayout();
-  const auto box = [&](Field& field, const char* name) {
-    auto* edit =
-        new FilteredLineEdit(field, {nullptr, FrmCLPass::TxtPass_KeyPress, nullptr}, runner, this);
-    edit->setObjectName(QString::fromLatin1(name));
-    edit->setEchoMode(QLineEdit::Password);
-    return edit;
-  };
-  entry_ = box(logic_.TxtPass, "TxtPass");
-  form->addRow(QString::fromStdString(logic_.Label1.Text), entry_);
-  confirmation_ = box(logic_.TxtPassOK, "TxtPassOK");
-  if (logic_.TxtPassOK.Visible)
-    form->addRow(QString::fromStdString(logic_.LblOK.Text), confirmation_);
+  for (const auto& [label, box] : {std::pair{"Label1", "TxtPass"}, {"LblOK", "TxtPassOK"}}) {
+    Kit().Make<QLineEdit>(box)->setEchoMode(QLineEdit::Password);
+    form->addRow(Kit().Make(label), Kit().Make(box));
+  }
   layout->addLayout(form);
-  auto* ok = new QPushButton(QString::fromStdString(logic_.CmdOK.Text), this);
-  ok->setObjectName(QStringLiteral("CmdOK"));
+  auto* ok = Kit().Make<QPushButton>("CmdOK");
   ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, [this] { Run([this] { logic_.CmdOK_Click(); }); });
   layout->addWidget(ok, 0, Qt::AlignRight);
+  Kit().Render();
   resize(420, sizeHint().height());
-}
-
-void FrmCLPassView::Run(const std::function<void()>& handler) {
-  boundary_.Run(handler);
-  entry_->Render();
-  confirmation_->Render();
-  if (logic_.Closed()) accept();
-}
-
-void FrmCLPassView::reject() {
-  logic_.CloseBox();
-  QDialog::reject();
 }

@@ -2,6 +2,15 @@
 // keys and edits reach its handlers.
 #include <gtest/gtest.h>
 
+#include <QTableView>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QLabel>
+#include "FilteredLineEdit.h"
+#include "NamesScreens.h"
+#include "SheetsScreens.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -36,55 +45,58 @@ class ViewTest : public ::testing::Test {
     WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
     WriteTypeFile(folder / "Πάνελ.ths", 2, "Χαλύβδινα Πάνελ (EN 442)",
                   {Stepped("22/600", 150, 0.25f, 100, "400", 4, 30, "")});
+    screens.Attach(boundary, &view);
     logic.Form_Load();
-    view.Render();
+    view.Kit().Render();
     view.show();
     view.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
-    view.ApplyFocus();
+    view.Kit().ApplyFocus();
   }
   TempFolder folder;
   Workspace ws;
   StudyState state;
   ScriptedPrompter prompter;
   FakePlatform platform;
-  CommandBoundary boundary{ws, prompter};
-  QtScreens screens{boundary};
+  CommandBoundary boundary{ws, prompter, state};
+  ViewRegistry views = ProgramViews();
+  QtScreens screens{views};
   FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
   FrmRavolinView view{logic, boundary};
 };
 
 TEST_F(ViewTest, ShowsTheLogicsCaptionFieldsAndGrid) {
   EXPECT_EQ(view.windowTitle().toStdString(), FrmRavolin::kCaption);
-  EXPECT_EQ(view.TextBox("TxtThema")->text().toStdString(), "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
-  EXPECT_EQ(view.TextBox("TxtOrigTemp")->text(), QStringLiteral("85"));
-  EXPECT_EQ(view.Pipes()->count(), 2);
-  EXPECT_EQ(view.Pipes()->currentText(), QStringLiteral("Φ16x1"));
-  QAbstractItemModel* model = view.GridView()->model();
+  EXPECT_EQ(view.Kit().Widget<FilteredLineEdit>("TxtThema")->text().toStdString(), "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
+  EXPECT_EQ(view.Kit().Widget<FilteredLineEdit>("TxtOrigTemp")->text(), QStringLiteral("85"));
+  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboPipes")->count(), 2);
+  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboPipes")->currentText(), QStringLiteral("Φ16x1"));
+  QAbstractItemModel* model = view.Kit().Widget<QTableView>("Grid")->model();
   EXPECT_EQ(model->rowCount(), 8);
   EXPECT_EQ(model->columnCount(), 14);
   EXPECT_EQ(model->headerData(9, Qt::Horizontal).toString(),
             GridModel::HeadForDisplay("ΤΥΠΟΣ ΘΕΡΜΑ- ΝΤΙΚΟΥ ΣΩΜΑ- ΤΟΣ"));
   logic.Grid.SetText(2, 3, "20");
-  view.Render();
+  view.Kit().Render();
   EXPECT_EQ(model->data(model->index(1, 2)).toString(), QStringLiteral("20"));
 }
 
 TEST_F(ViewTest, TheWindowFitsTheSmallestSupportedDisplayWithCaptionsUnclipped) {
   EXPECT_LE(view.frameGeometry().width(), 1024);
   EXPECT_LE(view.frameGeometry().height(), 768);
-  for (const auto& caption : FrmRavolin::Captions()) {
-    auto* label = view.findChild<QLabel*>(QString::fromLatin1(caption.Label));
-    ASSERT_NE(label, nullptr) << caption.Label;
-    EXPECT_GE(label->width(), label->sizeHint().width()) << caption.Label;
+  for (const auto& [name, control] : logic.Controls()) {
+    if (!name.starts_with("Lbl")) continue;
+    auto* label = view.Kit().Widget<QLabel>(name);
+    ASSERT_NE(label, nullptr) << name;
+    EXPECT_GE(label->width(), label->sizeHint().width()) << name;
   }
-  int gridWidth = view.GridView()->verticalHeader()->width();
-  for (int col = 0; col < 14; ++col) gridWidth += view.GridView()->columnWidth(col);
-  EXPECT_LE(gridWidth, view.GridView()->width());
+  int gridWidth = view.Kit().Widget<QTableView>("Grid")->verticalHeader()->width();
+  for (int col = 0; col < 14; ++col) gridWidth += view.Kit().Widget<QTableView>("Grid")->columnWidth(col);
+  EXPECT_LE(gridWidth, view.Kit().Widget<QTableView>("Grid")->width());
 }
 
 TEST_F(ViewTest, TypingGoesThroughTheFieldsFilter) {
-  FilteredLineEdit* drop = view.TextBox("TxtTempDrop");
+  FilteredLineEdit* drop = view.Kit().Widget<FilteredLineEdit>("TxtTempDrop");
   drop->setFocus();
   QTest::keyClick(drop, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClicks(drop, "1x5");
@@ -93,26 +105,26 @@ TEST_F(ViewTest, TypingGoesThroughTheFieldsFilter) {
 }
 
 TEST_F(ViewTest, LeavingAFieldRunsItsCheck) {
-  FilteredLineEdit* drop = view.TextBox("TxtTempDrop");
+  FilteredLineEdit* drop = view.Kit().Widget<FilteredLineEdit>("TxtTempDrop");
   drop->setFocus();
   QTest::keyClick(drop, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClicks(drop, "7");
-  view.TextBox("TxtOwnership")->setFocus();
+  view.Kit().Widget<FilteredLineEdit>("TxtOwnership")->setFocus();
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(drop->text(), QStringLiteral("20"));
 }
 
 TEST_F(ViewTest, F1ReachesTheFormWhicheverControlHasTheFocus) {
   WriteAllBytes(folder / "RM.pdf", "%PDF");
-  view.GridView()->setFocus();
-  QTest::keyClick(view.GridView(), Qt::Key_F1);
-  view.TextBox("TxtOwnership")->setFocus();
-  QTest::keyClick(view.TextBox("TxtOwnership"), Qt::Key_F1);
+  view.Kit().Widget<QTableView>("Grid")->setFocus();
+  QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), Qt::Key_F1);
+  view.Kit().Widget<FilteredLineEdit>("TxtOwnership")->setFocus();
+  QTest::keyClick(view.Kit().Widget<FilteredLineEdit>("TxtOwnership"), Qt::Key_F1);
   EXPECT_EQ(platform.Opened, (std::vector<std::string>{"RM.pdf", "RM.pdf"}));
 }
 
 TEST_F(ViewTest, AnEditOfTheGridReachesTheLogic) {
-  QAbstractItemModel* model = view.GridView()->model();
+  QAbstractItemModel* model = view.Kit().Widget<QTableView>("Grid")->model();
   EXPECT_TRUE(model->setData(model->index(0, 1), QStringLiteral("1000"), Qt::EditRole));
   EXPECT_EQ(logic.Grid.Text(1, 2), "1000");
   EXPECT_EQ(logic.Grid.ActiveRow(), 1);
@@ -120,16 +132,16 @@ TEST_F(ViewTest, AnEditOfTheGridReachesTheLogic) {
 }
 
 TEST_F(ViewTest, TheFamiliesComboShowsTheFamiliesAndAPickTakesTheWorkingCopy) {
-  ASSERT_EQ(view.Somata()->count(), 2);
-  EXPECT_EQ(view.Somata()->currentText().toStdString(), kSectionFamilyCategory);
-  EXPECT_EQ(view.Somata()->itemText(1), QStringLiteral("Χαλύβδινα Πάνελ"));
-  emit view.Somata()->activated(1);
+  ASSERT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->count(), 2);
+  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->currentText().toStdString(), kSectionFamilyCategory);
+  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->itemText(1), QStringLiteral("Χαλύβδινα Πάνελ"));
+  emit view.Kit().Widget<QComboBox>("CboSomata")->activated(1);
   EXPECT_EQ(state.SomaCategory, 2);
   EXPECT_EQ(logic.Grid.List(1, 10), std::vector<std::string>{"22/600"});
 }
 
 TEST_F(ViewTest, TheModelCellOpensADropDownOfTheFamilysModels) {
-  QAbstractItemView* grid = view.GridView();
+  QAbstractItemView* grid = view.Kit().Widget<QTableView>("Grid");
   const QModelIndex cell = grid->model()->index(0, 9);
   QWidget* editor = grid->itemDelegate()->createEditor(grid->viewport(), {}, cell);
   auto* combo = qobject_cast<QComboBox*>(editor);
@@ -155,16 +167,16 @@ TEST_F(ViewTest, F10AndTheButtonCalculateTheSheet) {
   logic.Grid.SetText(1, 2, "1000");
   logic.Grid.SetText(1, 3, "20");
   logic.Grid.SetText(1, 10, "II/905");
-  view.Render();
-  view.GridView()->setFocus();
-  QTest::keyClick(view.GridView(), Qt::Key_F10);
-  EXPECT_EQ(view.GridView()->model()->data(view.GridView()->model()->index(0, 10)).toString(),
+  view.Kit().Render();
+  view.Kit().Widget<QTableView>("Grid")->setFocus();
+  QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), Qt::Key_F10);
+  EXPECT_EQ(view.Kit().Widget<QTableView>("Grid")->model()->data(view.Kit().Widget<QTableView>("Grid")->model()->index(0, 10)).toString(),
             QStringLiteral("13/II/905"));
-  EXPECT_EQ(view.TextBox("TxtFlow")->text(), QStringLiteral("50,0"));
+  EXPECT_EQ(view.Kit().Widget<QLabel>("TxtFlow")->text(), QStringLiteral("50,0"));
   logic.DeleteResultsCells();
-  view.Render();
-  ASSERT_EQ(view.CalcButton()->toolTip().toStdString(), FrmRavolin::kCalcTip);
-  QTest::mouseClick(view.CalcButton(), Qt::LeftButton);
+  view.Kit().Render();
+  ASSERT_EQ(view.Kit().Widget<QPushButton>("CmdCalc")->toolTip().toStdString(), FrmRavolin::kCalcTip);
+  QTest::mouseClick(view.Kit().Widget<QPushButton>("CmdCalc"), Qt::LeftButton);
   EXPECT_EQ(logic.Grid.Text(1, 11), "13/II/905");
 }
 
@@ -177,8 +189,8 @@ class ViewKeysTest : public ViewTest {
     logic.Grid.SetText(row, 10, "II/905");
   }
   void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    view.GridView()->setFocus();
-    QTest::keyClick(view.GridView(), key, modifiers);
+    view.Kit().Widget<QTableView>("Grid")->setFocus();
+    QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), key, modifiers);
   }
 };
 
@@ -186,13 +198,13 @@ TEST_F(ViewKeysTest, TheNumberPadsMinusRemovesTheActiveRadiatorAfterTheQuestion)
   Row(1, "1000");
   Row(2, "800");
   logic.Grid.SetActiveCell(1, 1);
-  view.Render();
+  view.Kit().Render();
   prompter.QueueAnswer(Answer::Yes);
   Press(Qt::Key_Minus, Qt::KeypadModifier);
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(logic.Grid.Text(1, 2), "800");
   EXPECT_EQ(logic.Grid.DataRowCount(), 1);
-  EXPECT_EQ(view.TextBox("TxtLoopLoad")->text(), QStringLiteral("800"));
+  EXPECT_EQ(view.Kit().Widget<QLabel>("TxtLoopLoad")->text(), QStringLiteral("800"));
 }
 
 TEST_F(ViewKeysTest, TheNumberPadsPlusOpensTheAddingDialog) {
@@ -213,32 +225,33 @@ TEST_F(ViewKeysTest, F5CopiesTheRowAboveAndF2OpensTheLockedColumns) {
   Row(1, "1000");
   logic.Grid.SetText(2, 1, "2");
   logic.Grid.SetActiveCell(2, 2);
-  view.Render();
+  view.Kit().Render();
   Press(Qt::Key_F5);
   EXPECT_EQ(logic.Grid.Text(2, 2), "1000");
   for (int col = 1; col <= 3; ++col) logic.Grid.SetLocked(1, col, true);
   logic.Grid.SetActiveCell(1, 2);
-  view.Render();
-  EXPECT_FALSE(view.GridView()->model()->flags(view.GridView()->model()->index(0, 1)) &
+  view.Kit().Render();
+  EXPECT_FALSE(view.Kit().Widget<QTableView>("Grid")->model()->flags(view.Kit().Widget<QTableView>("Grid")->model()->index(0, 1)) &
                Qt::ItemIsEditable);
   Press(Qt::Key_F2);
-  EXPECT_TRUE(view.GridView()->model()->flags(view.GridView()->model()->index(0, 1)) &
+  EXPECT_TRUE(view.Kit().Widget<QTableView>("Grid")->model()->flags(view.Kit().Widget<QTableView>("Grid")->model()->index(0, 1)) &
               Qt::ItemIsEditable);
 }
 
 TEST_F(ViewKeysTest, EveryRowCommandHasItsButtonAndTip) {
-  for (const auto& command : FrmRavolin::CommandButtons()) {
-    if (std::string(command.Name) == "CmdCalc") continue;
-    QPushButton* button = view.Button(command.Name);
-    EXPECT_EQ(button->toolTip().toStdString(), command.Tip) << command.Name;
-    EXPECT_GE(button->width(), button->sizeHint().width()) << command.Name;  // caption whole
-    EXPECT_LE(button->geometry().right(), view.width()) << command.Name;
+  for (const auto& [name, command] : logic.Controls()) {
+    if (command.Kind != ControlKind::Command || name == "CmdCalc") continue;
+    QPushButton* button = view.Kit().Widget<QPushButton>(name);
+    ASSERT_NE(button, nullptr) << name;
+    EXPECT_EQ(button->toolTip().toStdString(), command.Tip) << name;
+    EXPECT_GE(button->width(), button->sizeHint().width()) << name;  // caption whole
+    EXPECT_LE(button->geometry().right(), view.width()) << name;
   }
   Row(1, "1000");
   Row(2, "800");
   logic.Grid.SetActiveCell(2, 1);
-  view.Render();
-  QTest::mouseClick(view.Button("CmdOneRowUp"), Qt::LeftButton);
+  view.Kit().Render();
+  QTest::mouseClick(view.Kit().Widget<QPushButton>("CmdOneRowUp"), Qt::LeftButton);
   EXPECT_EQ(logic.Grid.Text(1, 2), "800");
   EXPECT_EQ(logic.Grid.ActiveRow(), 1);
 }
@@ -251,12 +264,12 @@ TEST_F(ViewTest, TheAddingDialogShowsItsFieldsAndAddsThroughTheLogic) {
   if (const char* shot = std::getenv("RAVO_SHOT")) dialog.grab().save(QString::fromUtf8(shot));
   EXPECT_LE(dialog.frameGeometry().width(), 1024);
   EXPECT_EQ(dialog.windowTitle().toStdString(), FrmRavoAdd::kCaption);
-  EXPECT_EQ(dialog.RoomTemp()->currentText(), QStringLiteral("20"));
-  FilteredLineEdit* added = dialog.TextBox("TxtAdded");
+  EXPECT_EQ(dialog.Kit().Widget<QComboBox>("CboRoomTemp")->currentText(), QStringLiteral("20"));
+  FilteredLineEdit* added = dialog.Kit().Widget<FilteredLineEdit>("TxtAdded");
   added->setFocus();
   QTest::keyClicks(added, "12a5");
   EXPECT_EQ(added->text(), QStringLiteral("125"));
-  FilteredLineEdit* name = dialog.TextBox("TxtSomaName");
+  FilteredLineEdit* name = dialog.Kit().Widget<FilteredLineEdit>("TxtSomaName");
   name->setFocus();
   QTest::keyClicks(name, "WC-ROOM");
   EXPECT_EQ(name->text(), QStringLiteral("WC-RO"));
@@ -281,13 +294,14 @@ TEST_F(ViewTest, TheSheetsListSelectsThroughTheLogicAndCopies) {
   sheet.SheetNo = 1;
   sheet.SomaCategoryNo = 1;
   RecordFile<SheetRecord>(folder / "SHEETS.TMP").Write(1, sheet);
-  FrmRavoSheets sheets(logic, ws, state, prompter);
+  FrmRavoSheets sheets(logic, state, prompter);
   FrmRavoSheetsView dialog(sheets, boundary, &view);
-  ASSERT_EQ(dialog.List()->count(), 1);
-  EXPECT_EQ(dialog.List()->item(0)->text(), QStringLiteral("Φύλλο Υπολογισμών Νο : 001"));
+  auto* list = dialog.Kit().Widget<QListWidget>("LstSheets");
+  ASSERT_EQ(list->count(), 1);
+  EXPECT_EQ(list->item(0)->text(), QStringLiteral("Φύλλο Υπολογισμών Νο : 001"));
   EXPECT_EQ(sheets.LstSheets.SelectedIndex(), 0);
   QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
-  EXPECT_TRUE(sheets.Copied);
+  EXPECT_TRUE(sheets.Accepted());
   EXPECT_EQ(logic.Grid.Text(1, 2), "750");
   EXPECT_EQ(logic.Grid.Text(1, 10), "II/655");
 }
@@ -314,11 +328,22 @@ TEST_F(ViewTest, TheStudyBrowserShowsTheStudiesAndTheirFile) {
   RecordFile<SheetRecord>(folder / "RVLFiles" / "Ερμού.sht").Write(1, first);
   FrmOpenSave_M browser(logic, ws, state);
   FrmOpenSave_MView dialog(browser, boundary, &view);
-  ASSERT_EQ(dialog.List()->count(), 1);
-  EXPECT_EQ(dialog.List()->item(0)->text(), QStringLiteral("(0001.) Πολυκατοικία οδού Ερμού"));
-  dialog.List()->setCurrentRow(0);
+  auto* list = dialog.Kit().Widget<QListWidget>("LstStudies");
+  ASSERT_EQ(list->count(), 1);
+  EXPECT_EQ(list->item(0)->text(), QStringLiteral("(0001.) Πολυκατοικία οδού Ερμού"));
+  list->setCurrentRow(0);
   EXPECT_EQ(browser.LblFileName.Text, "Ερμού.sht");
+  EXPECT_EQ(dialog.Kit().Widget<QLabel>("LblFileName")->text(), QStringLiteral("Ερμού.sht"));
   EXPECT_FALSE(browser.Closed());
+}
+
+// Every screen of every subsystem has a view, and every control of its table a widget kind
+// the kit can make: a screen left without one fails here, not at a click.
+TEST_F(ViewTest, EveryScreenHasAView) {
+  for (const char* name : kSheetsScreens) EXPECT_TRUE(views.Has(name)) << name;
+  for (const char* name : kNamesScreens) EXPECT_TRUE(views.Has(name)) << name;
+  for (const auto& [name, control] : logic.Controls())
+    EXPECT_NE(view.Kit().Make(name), nullptr) << name;
 }
 
 }  // namespace

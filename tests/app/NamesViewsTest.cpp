@@ -2,6 +2,13 @@
 // logic's state and every click reaches its handler.
 #include <gtest/gtest.h>
 
+#include <QTableView>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QLabel>
+#include "FilteredLineEdit.h"
+
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -36,7 +43,7 @@ class NamesViewTest : public ::testing::Test {
   Workspace ws;
   StudyState state;
   ScriptedPrompter prompter;
-  CommandBoundary boundary{ws, prompter};
+  CommandBoundary boundary{ws, prompter, state};
   ScriptedScreens screens;
   FrmCLient names{ws, state, prompter, screens};
 };
@@ -48,30 +55,30 @@ TEST_F(NamesViewTest, TheListShowsTheNamesTheEngineerAndAMaskedPassword) {
   if (const char* shot = std::getenv("RAVO_SHOT")) view.grab().save(QString::fromUtf8(shot));
   EXPECT_LE(view.frameGeometry().width(), 1024);
   EXPECT_EQ(view.windowTitle().toStdString(), FrmCLient::kCaption);
-  ASSERT_EQ(view.List()->count(), 2);
-  EXPECT_EQ(view.List()->currentRow(), 1);
-  EXPECT_EQ(view.Label("Lbl_Client")->text().toStdString(), "Β. Βασιλείου");
-  EXPECT_EQ(view.Label("LblCurrent")->text().toStdString(), "ΤΡΕΧΟΝ ΟΝΟΜΑ ΜΕΛΕΤΗΤΗ");
-  EXPECT_EQ(view.Password()->echoMode(), QLineEdit::Password);
-  EXPECT_EQ(view.Password()->text().toStdString(), "κλειδί");
-  EXPECT_FALSE(view.Entry()->isVisible());
-  EXPECT_EQ(view.Button("Cmd_Lock")->text().toStdString(), " Αλλαγή Password ");
+  ASSERT_EQ(view.Kit().Widget<QListWidget>("Lst_Names")->count(), 2);
+  EXPECT_EQ(view.Kit().Widget<QListWidget>("Lst_Names")->currentRow(), 1);
+  EXPECT_EQ(view.Kit().Widget<QLabel>("Lbl_Client")->text().toStdString(), "Β. Βασιλείου");
+  EXPECT_EQ(view.Kit().Widget<QLabel>("LblCurrent")->text().toStdString(), "ΤΡΕΧΟΝ ΟΝΟΜΑ ΜΕΛΕΤΗΤΗ");
+  EXPECT_EQ(view.Kit().Widget<QLineEdit>("Txt_Pass")->echoMode(), QLineEdit::Password);
+  EXPECT_EQ(view.Kit().Widget<QLineEdit>("Txt_Pass")->text().toStdString(), "κλειδί");
+  EXPECT_FALSE(view.Kit().Widget<QLineEdit>("Txt_Client")->isVisible());
+  EXPECT_EQ(view.Kit().Widget<QPushButton>("Cmd_Lock")->text().toStdString(), " Αλλαγή Password ");
   for (const char* name : {"Cmd_OK", "Cmd_New", "Cmd_COR", "Cmd_Lock", "Cmd_Exit"})
-    EXPECT_GE(view.Button(name)->width(), view.Button(name)->sizeHint().width()) << name;
+    EXPECT_GE(view.Kit().Widget<QPushButton>(name)->width(), view.Kit().Widget<QPushButton>(name)->sizeHint().width()) << name;
 }
 
 TEST_F(NamesViewTest, ANewNameIsTypedCountedAndAddedThroughTheLogic) {
   FrmCLientView view(names, boundary);
   view.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-  QTest::mouseClick(view.Button("Cmd_New"), Qt::LeftButton);
-  ASSERT_TRUE(view.Entry()->isVisible());
-  EXPECT_EQ(view.Label("Lbl_Entry")->text().toStdString(), FrmCLient::kNewCaption);
-  TypeText(view.Entry(), QStringLiteral("Γ. Γεωργίου"));
-  EXPECT_EQ(view.Label("LblNoChars")->text().toStdString(), "< 11 > Χαρακτήρες");
+  QTest::mouseClick(view.Kit().Widget<QPushButton>("Cmd_New"), Qt::LeftButton);
+  ASSERT_TRUE(view.Kit().Widget<QLineEdit>("Txt_Client")->isVisible());
+  EXPECT_EQ(view.Kit().Widget<QLabel>("Lbl_Entry")->text().toStdString(), FrmCLient::kNewCaption);
+  TypeText(view.Kit().Widget<QLineEdit>("Txt_Client"), QStringLiteral("Γ. Γεωργίου"));
+  EXPECT_EQ(view.Kit().Widget<QLabel>("LblNoChars")->text().toStdString(), "< 11 > Χαρακτήρες");
   prompter.QueueAnswer(Answer::Yes);
   prompter.QueueAnswer(Answer::Yes);
-  QTest::mouseClick(view.Button("Cmd_OK"), Qt::LeftButton);
+  QTest::mouseClick(view.Kit().Widget<QPushButton>("Cmd_OK"), Qt::LeftButton);
   EXPECT_TRUE(names.Closed());
   EXPECT_FALSE(view.isVisible());
   EXPECT_EQ(state.CurrentEngineer, "Γ. Γεωργίου");
@@ -82,11 +89,11 @@ TEST_F(NamesViewTest, AClickOnANameHighlightsItInTheLogicAndTheCloseBoxWritesDel
   FrmCLientView view(names, boundary);
   view.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-  view.List()->setCurrentRow(0);
+  view.Kit().Widget<QListWidget>("Lst_Names")->setCurrentRow(0);
   EXPECT_EQ(names.Lst_Names.SelectedIndex(), 0);
   prompter.QueueAnswer(Answer::Yes);
-  QTest::mouseClick(view.Button("Cmd_Del"), Qt::LeftButton);
-  EXPECT_EQ(view.List()->count(), 1);
+  QTest::mouseClick(view.Kit().Widget<QPushButton>("Cmd_Del"), Qt::LeftButton);
+  EXPECT_EQ(view.Kit().Widget<QListWidget>("Lst_Names")->count(), 1);
   QTest::keyClick(&view, Qt::Key_Escape);
   EXPECT_TRUE(names.Closed());
   EXPECT_EQ(ReadClients(ws).Names, std::vector<std::string>{"Β. Βασιλείου"});
@@ -97,22 +104,22 @@ TEST_F(NamesViewTest, ThePasswordScreenShowsOneBoxToCheckAndTwoForANewPassword) 
   FrmCLPassView checkView(check, boundary);
   checkView.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&checkView));
-  EXPECT_FALSE(checkView.Confirmation()->isVisible());
-  EXPECT_EQ(checkView.Entry()->echoMode(), QLineEdit::Password);
-  TypeText(checkView.Entry(), QStringLiteral("κλειδί"));
+  EXPECT_FALSE(checkView.Kit().Widget<QLineEdit>("TxtPassOK")->isVisible());
+  EXPECT_EQ(checkView.Kit().Widget<QLineEdit>("TxtPass")->echoMode(), QLineEdit::Password);
+  TypeText(checkView.Kit().Widget<QLineEdit>("TxtPass"), QStringLiteral("κλειδί"));
   QTest::mouseClick(checkView.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
-  EXPECT_TRUE(check.Passed);
+  EXPECT_TRUE(check.Accepted());
   EXPECT_FALSE(checkView.isVisible());
 
   FrmCLPass fresh(FrmCLPass::Mode::New, "κλειδί", prompter, state);
   FrmCLPassView freshView(fresh, boundary);
   freshView.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&freshView));
-  EXPECT_TRUE(freshView.Confirmation()->isVisible());
-  TypeText(freshView.Entry(), QStringLiteral("νέο"));
-  TypeText(freshView.Confirmation(), QStringLiteral("νέο"));
+  EXPECT_TRUE(freshView.Kit().Widget<QLineEdit>("TxtPassOK")->isVisible());
+  TypeText(freshView.Kit().Widget<QLineEdit>("TxtPass"), QStringLiteral("νέο"));
+  TypeText(freshView.Kit().Widget<QLineEdit>("TxtPassOK"), QStringLiteral("νέο"));
   QTest::mouseClick(freshView.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
-  EXPECT_TRUE(fresh.Passed);
+  EXPECT_TRUE(fresh.Accepted());
   EXPECT_EQ(fresh.NewPassword, "νέο");
 }
 
@@ -122,14 +129,15 @@ TEST(MainScreenNamesTest, TheEngineerButtonCarriesItsTipAndOpensTheList) {
   StudyState state;
   ScriptedPrompter prompter;
   FakePlatform platform;
-  CommandBoundary boundary{ws, prompter};
-  QtScreens screens{boundary};
+  CommandBoundary boundary{ws, prompter, state};
+  const ViewRegistry views = ProgramViews();
+  QtScreens screens{views};
   FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
   FrmRavolinView view{logic, boundary};
   int opened = 0;
-  logic.OpenEngineerNames = [&] { ++opened; };
-  view.Render();
-  QPushButton* button = view.Button("Cmd_Client");
+  screens.Wire(FrmCLient::kName, [&] { ++opened; });
+  view.Kit().Render();
+  QPushButton* button = view.Kit().Widget<QPushButton>("Cmd_Client");
   EXPECT_EQ(button->toolTip().toStdString(), "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ");
   QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_EQ(opened, 1);

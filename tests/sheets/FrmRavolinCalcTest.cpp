@@ -39,7 +39,7 @@ TEST_P(CalcHeaderTest, AMissingHeaderFieldIsNamedAndTakesTheFocus) {
   Calculate();
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Lines, std::vector<std::string>{GetParam().Line});
-  EXPECT_EQ(form->FocusTarget, GetParam().Field);
+  EXPECT_EQ(form->FocusTarget(), GetParam().Field);
   EXPECT_EQ(form->Grid.Text(1, 5), "");
   EXPECT_EQ(form->TxtFlow.Text, "");
 }
@@ -74,7 +74,7 @@ TEST_P(CalcRowTest, TheFirstFaultyRowIsNamedAndItsCellMadeActive) {
   EXPECT_EQ(LastBox().Lines, std::vector<std::string>{f.Line});
   EXPECT_EQ(form->Grid.ActiveRow(), 2);
   EXPECT_EQ(form->Grid.ActiveCol(), f.Col);
-  EXPECT_EQ(form->FocusTarget, "Grid");
+  EXPECT_EQ(form->FocusTarget(), "Grid");
   EXPECT_EQ(state.ErrorFlag, 0);
   EXPECT_EQ(form->Grid.Text(1, 5), "");
 }

@@ -28,7 +28,7 @@ class EditTest : public SheetsTest {
     prompter.Clear();
   }
   void Run(void (FrmRavolin::*command)()) {
-    boundary.Run([&] { (form.get()->*command)(); });
+    boundary.Run(*form, [&] { (form.get()->*command)(); });
   }
   bool ResultsShown(int row) const { return !form->Grid.Text(row, 9).empty(); }
 };
@@ -104,7 +104,7 @@ TEST_F(EditTest, ALockedCellTakesNoTyping) {
 
 TEST_F(EditTest, RemovingARadiatorAsksAndNoKeepsIt) {
   Calculated(3);
-  boundary.Run([&] { form->Grid_Click(2, 1); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 1); });
   prompter.QueueAnswer(Answer::No);
   Key(KeyCode::NumMinus);
   ASSERT_EQ(prompter.History().size(), 1u);
@@ -115,7 +115,7 @@ TEST_F(EditTest, RemovingARadiatorAsksAndNoKeepsIt) {
 
 TEST_F(EditTest, RemovingARadiatorDiscardsTheResultsAndWorksTheLoopFiguresAgain) {
   Calculated(3);  // 600, 700, 800
-  boundary.Run([&] { form->Grid_Click(2, 5); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 5); });
   prompter.QueueAnswer(Answer::Yes);
   Key(KeyCode::NumMinus);
   EXPECT_EQ(form->Grid.DataRowCount(), 2);
@@ -131,14 +131,14 @@ TEST_F(EditTest, RemovingARadiatorDiscardsTheResultsAndWorksTheLoopFiguresAgain)
 
 TEST_F(EditTest, RemovingBelowTheRadiatorsDoesNothing) {
   Row(1, "600");
-  boundary.Run([&] { form->Grid_Click(4, 1); });
+  boundary.Run(*form, [&] { form->Grid_Click(4, 1); });
   Key(KeyCode::NumMinus);
   EXPECT_TRUE(prompter.History().empty());
 }
 
 TEST_F(EditTest, MovingARowSwapsAllItsCellsAndTheActiveCellFollows) {
   Calculated(3);
-  boundary.Run([&] { form->Grid_Click(2, 7); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 7); });
   Run(&FrmRavolin::CmdOneRowDn_Click);
   EXPECT_EQ(form->Grid.Text(3, 2), "700");
   EXPECT_EQ(form->Grid.Text(2, 2), "800");
@@ -150,9 +150,9 @@ TEST_F(EditTest, MovingARowSwapsAllItsCellsAndTheActiveCellFollows) {
 
 TEST_F(EditTest, TheFirstRowDoesNotMoveUpNorTheLastDown) {
   Calculated(2);
-  boundary.Run([&] { form->Grid_Click(1, 1); });
+  boundary.Run(*form, [&] { form->Grid_Click(1, 1); });
   Run(&FrmRavolin::CmdOneRowUp_Click);
-  boundary.Run([&] { form->Grid_Click(2, 1); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 1); });
   Run(&FrmRavolin::CmdOneRowDn_Click);
   EXPECT_EQ(form->Grid.Text(1, 2), "600");
   EXPECT_TRUE(ResultsShown(1));
@@ -161,9 +161,9 @@ TEST_F(EditTest, TheFirstRowDoesNotMoveUpNorTheLastDown) {
 TEST_F(EditTest, DeletingARowOrAColumnAsksNothing) {
   Row(1, "600");
   Row(2, "700");
-  boundary.Run([&] { form->Grid_Click(1, 14); });
+  boundary.Run(*form, [&] { form->Grid_Click(1, 14); });
   Run(&FrmRavolin::CmdDeleteColumn_Click);  // the last column
-  boundary.Run([&] { form->Grid_Click(1, 3); });
+  boundary.Run(*form, [&] { form->Grid_Click(1, 3); });
   Run(&FrmRavolin::CmdDeleteColumn_Click);
   EXPECT_EQ(form->Grid.Text(1, 9), "II/905");  // column 10 moved left
   Run(&FrmRavolin::CmdDeleteRow_Click);
@@ -178,7 +178,7 @@ TEST_F(EditTest, F5CopiesLoadRoomAndModelIntoTheMarkedBlock) {
   Row(1, "600", "III/655", "18");
   Cell(2, 1, "2");
   Cell(3, 1, "3");
-  boundary.Run([&] { form->Grid_MarkBlock({2, 2, 10, 3}); });
+  boundary.Run(*form, [&] { form->Grid_MarkBlock({2, 2, 10, 3}); });
   EXPECT_EQ(form->Caption.Text, FrmRavolin::kBlockCaption);
   Key(KeyCode::F5);
   for (int row : {2, 3}) {
@@ -194,14 +194,14 @@ TEST_F(EditTest, F5CopiesLoadRoomAndModelIntoTheMarkedBlock) {
 
 TEST_F(EditTest, F5InRowOneCopiesTheEmptyHeadsRow) {
   Row(1, "600");
-  boundary.Run([&] { form->Grid_Click(1, 2); });
+  boundary.Run(*form, [&] { form->Grid_Click(1, 2); });
   Key(KeyCode::F5);
   EXPECT_EQ(form->Grid.Text(1, 2), "");
 }
 
 TEST_F(EditTest, F5OnALoadOfACalculatedSheetAsksFirst) {
   Calculated(2);
-  boundary.Run([&] { form->Grid_Click(2, 2); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 2); });
   prompter.QueueAnswer(Answer::No);
   Key(KeyCode::F5);
   EXPECT_EQ(form->Grid.Text(2, 2), "700");
@@ -216,7 +216,7 @@ TEST_F(EditTest, F5OnALoadOfACalculatedSheetAsksFirst) {
 TEST_F(EditTest, F5OnAModelOfACalculatedSheetRecalculates) {
   Calculated(2);
   Cell(1, 10, "IV/905");
-  boundary.Run([&] { form->Grid_Click(2, 10); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 10); });
   prompter.Clear();
   Key(KeyCode::F5);
   EXPECT_TRUE(prompter.History().empty());
@@ -227,13 +227,13 @@ TEST_F(EditTest, F5OnAModelOfACalculatedSheetRecalculates) {
 
 TEST_F(EditTest, PasteWorksOnlyInItsColumnsAndOnTheFirstFreeRow) {
   Row(1, "600");
-  boundary.Run([&] { form->Grid_Click(3, 2); });
+  boundary.Run(*form, [&] { form->Grid_Click(3, 2); });
   Run(&FrmRavolin::CmdPaste_Click);
   EXPECT_EQ(form->Grid.Text(3, 2), "");  // not the first free row
-  boundary.Run([&] { form->Grid_Click(2, 1); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 1); });
   Run(&FrmRavolin::CmdPaste_Click);
   EXPECT_EQ(form->Grid.Text(2, 1), "");  // not a column of the copy
-  boundary.Run([&] { form->Grid_Click(2, 3); });
+  boundary.Run(*form, [&] { form->Grid_Click(2, 3); });
   Run(&FrmRavolin::CmdPaste_Click);
   EXPECT_EQ(form->Grid.Text(2, 3), "20");
 }
@@ -246,10 +246,10 @@ TEST_F(EditTest, F2OpensTheFirstThreeColumnsOnlyFromACellWithText) {
   state.ColumnsEditable = 0;
   form->LockProperColumns();
   EXPECT_TRUE(form->Grid.Locked(2, 2));
-  boundary.Run([&] { form->Grid_Click(1, 10); });
+  boundary.Run(*form, [&] { form->Grid_Click(1, 10); });
   Key(KeyCode::F2);
   EXPECT_TRUE(form->Grid.Locked(2, 2));
-  boundary.Run([&] { form->Grid_Click(1, 2); });
+  boundary.Run(*form, [&] { form->Grid_Click(1, 2); });
   Key(KeyCode::F2);
   EXPECT_FALSE(form->Grid.Locked(2, 2));
   EXPECT_FALSE(form->Grid.Locked(1, 1));
@@ -320,7 +320,7 @@ TEST_F(AddDialogTest, RadiatorsAreAddedOneAfterAnotherAtTheFirstFreeRows) {
     Type(add, "TxtSomaName", "2Α");
     add.CmdOK_Click();
     EXPECT_EQ(form->TxtLoopLoad.Text, "");  // shown, then emptied with the other figures
-    EXPECT_EQ(add.FocusTarget, "TxtSomaName");
+    EXPECT_EQ(add.FocusTarget(), "TxtSomaName");
     EXPECT_EQ(add.SomaNameSelectionStart(), 1);
     add.Controls().at("CboRoomTemp").ChooseText("18");
     Type(add, "TxtSomaName", "2Β");
@@ -339,10 +339,10 @@ TEST_F(AddDialogTest, RadiatorsAreAddedOneAfterAnotherAtTheFirstFreeRows) {
 TEST_F(AddDialogTest, AZeroLoadOrAnEmptyNameKeepsTheFocusOnTheField) {
   Add([&](FrmRavoAdd& add) {
     add.CmdOK_Click();
-    EXPECT_EQ(add.FocusTarget, "TxtAdded");
+    EXPECT_EQ(add.FocusTarget(), "TxtAdded");
     Type(add, "TxtAdded", "900");
     add.CmdOK_Click();
-    EXPECT_EQ(add.FocusTarget, "TxtSomaName");
+    EXPECT_EQ(add.FocusTarget(), "TxtSomaName");
     EXPECT_FALSE(add.Closed());
   });
   EXPECT_EQ(form->Grid.DataRowCount(), 0);
@@ -401,7 +401,7 @@ class SameSheetTest : public AddDialogTest {
     TypeHeader();
     Choose("CboSomata", "Πάνελ");
     for (int r = 1; r <= 3; ++r) Row(r, std::to_string(400 + r), "22/600");
-    ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
+    ASSERT_TRUE(boundary.Run(*form, [&] { form->SaveTemporarData(); }));
     form->DeleteSpreadData();
     Choose("CboSomata", kSectionFamilyCategory);
     form->Txta_a.Text = "2";

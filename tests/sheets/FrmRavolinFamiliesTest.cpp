@@ -116,7 +116,7 @@ TEST_F(FamiliesTest, AQualifierInBracketsIsNotShownAndTheFirstOfTwoLikeNamesWins
       (std::vector<std::string>{kSectionFamilyCategory, "Χαλύβδινα Πάνελ", "Χαλύβδινα Πάνελ"}));
   Choose("CboSomata", "Χαλύβδινα Πάνελ");
   EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes("Πάνελ Α.ths"));
-  boundary.Run([&] { form->Controls().at("CboSomata").ChooseIndex(2); });
+  boundary.Run(*form, [&] { form->Controls().at("CboSomata").ChooseIndex(2); });
   EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes("Πάνελ Α.ths"));  // told apart by nothing
 }
 

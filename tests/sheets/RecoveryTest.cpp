@@ -22,7 +22,7 @@ class RecoveryTest : public SheetsTest {
       Cell(1, 10, "II/905");
       Key(KeyCode::F10);
     }
-    boundary.Run([&] { form->SaveTemporarData(); });
+    boundary.Run(*form, [&] { form->SaveTemporarData(); });
     WriteAllBytes(folder / "RAVOFLOORS.TMP", "levels");
     WriteAllBytes(folder / "DATARES.TMP", "network");
     WriteAllBytes(folder / "Studies.std", "cache");

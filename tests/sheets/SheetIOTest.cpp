@@ -26,7 +26,7 @@ class SheetIOTest : public SheetsTest {
     ASSERT_EQ(state.Calculated, -1);
   }
   bool Save() {
-    return boundary.Run([&] { form->SaveTemporarData(); });
+    return boundary.Run(*form, [&] { form->SaveTemporarData(); });
   }
   std::vector<LoopRecord> Loops() { return RecordFile<LoopRecord>(folder / "LOOPS.TMP").ReadAll(); }
   std::vector<SheetRecord> Sheets() {
@@ -168,7 +168,7 @@ TEST_F(SheetIOTest, ASheetComesBackCalculatedWhateverItsRecordSaid) {
   }
   state.Calculated = 0;
   form->DeleteSpreadData();
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
   EXPECT_EQ(state.Calculated, -1);
   EXPECT_EQ(form->Grid.Text(3, 4), "2,400");
   EXPECT_EQ(form->TxtLoopLoad.Text, "2,400");
@@ -181,7 +181,7 @@ TEST_F(SheetIOTest, BringingASheetBackTakesItsFamilyAsTheWorkingCopy) {
   SavedSheet(1, "Φ16x1", 10, {"22/600"}, 2);
   Load();
   ASSERT_EQ(state.SomaCategory, 1);
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
   EXPECT_EQ(state.SomaCategory, 2);
   EXPECT_EQ(form->CboSomata.Text(), "Πάνελ");
   EXPECT_EQ(ReadAllBytes(folder / kSomataWorkingCopy), ReadAllBytes(folder / "Πάνελ.ths"));
@@ -217,10 +217,10 @@ TEST_F(SheetIOTest, DeletingSheetTwoOfThreeMovesTheThirdUpAndDropsTheDerivedFile
   WriteAllBytes(folder / "DATARES.TMP", "derived");
   WriteAllBytes(folder / "RAVOFLOORS.TMP", "levels");
   Load();
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(2); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(2); }));
   prompter.Clear();
   prompter.QueueAnswer(Answer::Yes);
-  ASSERT_TRUE(boundary.Run([&] { form->CmdDeleteSheet_Click(); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->CmdDeleteSheet_Click(); }));
   EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ ΟΛΟΚΛΗΡΟ ΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
   const auto sheets = Sheets();
   ASSERT_EQ(sheets.size(), 2u);
@@ -242,9 +242,9 @@ TEST_F(SheetIOTest, DeletingSheetTwoOfThreeMovesTheThirdUpAndDropsTheDerivedFile
 TEST_F(SheetIOTest, TheOnlySheetIsNeverDeleted) {
   SavedSheet(1, "Φ16x1", 10, {"II/905"});
   Load();
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
   prompter.Clear();
-  ASSERT_TRUE(boundary.Run([&] { form->CmdDeleteSheet_Click(); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->CmdDeleteSheet_Click(); }));
   EXPECT_TRUE(prompter.History().empty());
   EXPECT_EQ(Sheets().size(), 1u);
 }

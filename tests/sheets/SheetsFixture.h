@@ -50,15 +50,15 @@ class SheetsTest : public ::testing::Test {
   }
 
   void Cell(int row, int col, const std::string& text) {
-    boundary.Run([&] { form->Grid_EditCell(row, col, text); });
+    boundary.Run(*form, [&] { form->Grid_EditCell(row, col, text); });
   }
   void Key(KeyCode code) {
     KeyStroke key;
     key.Code = code;
-    boundary.Run([&] { form->Form_KeyDown(key); });
+    boundary.Run(*form, [&] { form->Form_KeyDown(key); });
   }
   void Choose(const std::string& control, const std::string& entry) {
-    boundary.Run([&] { form->Controls().at(control).ChooseText(entry); });
+    boundary.Run(*form, [&] { form->Controls().at(control).ChooseText(entry); });
   }
   // The sheet header as an engineer fills it in.
   void TypeHeader(const std::string& tempDrop = "20", const std::string& origTemp = "85",
@@ -76,13 +76,13 @@ class SheetsTest : public ::testing::Test {
     if (withSectionMaster && !std::filesystem::exists(folder / kSectionFamilyMaster))
       WriteSectionFamilyMaster();
     form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary, screens);
-    boundary.Run([&] { form->Form_Load(); });
+    boundary.Run(*form, [&] { form->Form_Load(); });
     return *form;
   }
 
   // A user's action on the screen, through the command boundary as the views run it.
   void Type(const std::string& control, const std::string& text) {
-    boundary.Run([&] { form->Controls().at(control).Type(text); });
+    boundary.Run(*form, [&] { form->Controls().at(control).Type(text); });
   }
 
   std::vector<std::string> Titles() const {
@@ -97,7 +97,7 @@ class SheetsTest : public ::testing::Test {
   StudyState state;
   ScriptedPrompter prompter;
   FakePlatform platform;
-  CommandBoundary boundary{ws, prompter};
+  CommandBoundary boundary{ws, prompter, state};
   ScriptedScreens screens;
   std::unique_ptr<FrmRavolin> form;
   bool withSectionMaster = true;

@@ -27,7 +27,7 @@ class StudyFileTest : public SheetsTest {
   void CtrlS() {
     KeyStroke key{KeyCode::Char, true};
     key.Char = U'S';
-    boundary.Run([&] { form->Form_KeyDown(key); });
+    boundary.Run(*form, [&] { form->Form_KeyDown(key); });
   }
   std::filesystem::path Study(const std::string& name) { return folder / "RVLFiles" / name; }
   std::string Bytes(const std::filesystem::path& file) { return ReadAllBytes(file); }
@@ -53,7 +53,7 @@ TEST_F(StudyFileTest, LevelsGoWithTheStudyAndAnOldLevelsFileStaysWhenThereAreNon
   WriteAllBytes(folder / "RAVOFLOORS.TMP", "levels");
   platform.FileAnswers.push_back(Study("Β.sht"));
   KeyStroke shiftF12{KeyCode::F12, false, true};
-  boundary.Run([&] { form->Form_KeyDown(shiftF12); });
+  boundary.Run(*form, [&] { form->Form_KeyDown(shiftF12); });
   EXPECT_EQ(Bytes(Study("Β.rvf")), "levels");
   // Kept on purpose: a second save without levels leaves the older .rvf beside the study.
   std::filesystem::remove(folder / "RAVOFLOORS.TMP");
@@ -79,7 +79,7 @@ TEST_F(StudyFileTest, ASheetWithoutResultsOrACancelledDialogSavesNothing) {
 TEST_F(StudyFileTest, ANewStudyAsksFirstAndNoKeepsEverything) {
   CalculatedSheet();
   prompter.QueueAnswer(Answer::No);
-  boundary.Run([&] { form->Controls().at("CmdNew").Press(); });
+  boundary.Run(*form, [&] { form->Controls().at("CmdNew").Press(); });
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Title, "...!! ΠΡΟΣΟΧΗ  !!...");
   EXPECT_EQ(form->Grid.Text(1, 2), "900");
@@ -91,7 +91,7 @@ TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles
   state.StudyChanged = -1;
   prompter.QueueAnswer(Answer::Yes);  // a new study
   prompter.QueueAnswer(Answer::No);   // do not save
-  boundary.Run([&] { form->Controls().at("CmdNew").Press(); });
+  boundary.Run(*form, [&] { form->Controls().at("CmdNew").Press(); });
   ASSERT_EQ(prompter.History().size(), 2u);
   EXPECT_EQ(LastBox().Lines.front(), "!! Η ΤΡΕΧΟΥΣΑ ΜΕΛΕΤΗ, ΔΕΝ ΕΧΕΙ < ΣΩΘΕΙ > ΣΕ ΑΡΧΕΙΟ !!");
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
@@ -120,7 +120,7 @@ TEST_F(StudyFileTest, YesToSavingOpensTheSaveDialogFirst) {
   prompter.QueueAnswer(Answer::Yes);
   prompter.QueueAnswer(Answer::Yes);
   platform.FileAnswers.push_back(Study("Δ.sht"));
-  boundary.Run([&] { form->Controls().at("CmdNew").Press(); });
+  boundary.Run(*form, [&] { form->Controls().at("CmdNew").Press(); });
   EXPECT_TRUE(std::filesystem::exists(Study("Δ.sht")));
   EXPECT_EQ(std::filesystem::file_size(Study("Δ.lps")), 8u * 298);
   EXPECT_FALSE(std::filesystem::exists(folder / "LOOPS.TMP"));
@@ -130,7 +130,7 @@ TEST_F(StudyFileTest, ClosingTheProgramOffersToSaveAnUnsavedCalculatedStudy) {
   CalculatedSheet();
   state.StudyChanged = -1;
   prompter.QueueAnswer(Answer::No);
-  boundary.Run([&] { form->CloseBox(); });
+  boundary.Run(*form, [&] { form->CloseBox(); });
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Lines.back(), "... θέλετε να < σωθεί > η Μελέτη σε Αρχείο ? ...");
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
@@ -142,7 +142,7 @@ TEST_F(StudyFileTest, ClosingAfterASaveAsksNothing) {
   state.StudyChanged = -1;
   platform.FileAnswers.push_back(Study("Ε"));
   CtrlS();
-  boundary.Run([&] { form->CloseBox(); });
+  boundary.Run(*form, [&] { form->CloseBox(); });
   EXPECT_TRUE(prompter.History().empty());
 }
 
@@ -213,7 +213,7 @@ class OpenStudyTest : public StudyFileTest {
     ASSERT_TRUE(std::filesystem::exists(Study("Α.lps")));
     prompter.Clear();
     prompter.QueueAnswer(Answer::Yes);
-    boundary.Run([&] { form->CmdNew_Click(); });
+    boundary.Run(*form, [&] { form->CmdNew_Click(); });
     ASSERT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
     prompter.Clear();
   }
@@ -222,7 +222,7 @@ class OpenStudyTest : public StudyFileTest {
     screens.Queue([use](ScriptScreen& s) { use(dynamic_cast<FrmOpenSave_M&>(s)); });
     KeyStroke key{KeyCode::Char, true};
     key.Char = U'O';
-    boundary.Run([&] { form->Form_KeyDown(key); });
+    boundary.Run(*form, [&] { form->Form_KeyDown(key); });
   }
 };
 
@@ -260,7 +260,7 @@ TEST_F(OpenStudyTest, TheClassicDialogOpensAStudyToo) {
 TEST_F(OpenStudyTest, AMissingSisterFileIsNamedAndTheWorkspaceStaysAsItWas) {
   TypeHeader("20", "80");
   CalculatedSheet();  // a sheet of the new study on the screen
-  boundary.Run([&] { form->SaveTemporarData(); });
+  boundary.Run(*form, [&] { form->SaveTemporarData(); });
   const std::string sheets = ReadAllBytes(folder / "SHEETS.TMP");
   std::filesystem::remove(Study("Α.lps"));
   Open([](FrmOpenSave_M& browser) {
@@ -277,7 +277,7 @@ TEST_F(OpenStudyTest, AMissingSisterFileIsNamedAndTheWorkspaceStaysAsItWas) {
 TEST_F(OpenStudyTest, AFileThatIsNoStudyIsRefusedAndNothingIsTouched) {
   TypeHeader("20", "80");
   CalculatedSheet();
-  boundary.Run([&] { form->SaveTemporarData(); });
+  boundary.Run(*form, [&] { form->SaveTemporarData(); });
   const std::string sheets = ReadAllBytes(folder / "SHEETS.TMP");
   const std::string text = "Μελέτη; όχι, ένα σημείωμα.\n";
   for (const std::string& bytes :
@@ -300,7 +300,7 @@ TEST_F(StudyFileTest, AnEmptyStudyFolderGivesAnEmptyList) {
     EXPECT_TRUE(browser.LstStudies.Items.empty());
     EXPECT_EQ(browser.LblNumber.Text, "");
   });
-  boundary.Run([&] { form->CmdOpen_Click(); });
+  boundary.Run(*form, [&] { form->CmdOpen_Click(); });
   EXPECT_EQ(std::filesystem::file_size(folder / "Studies.std"), 0u);
 }
 
@@ -314,7 +314,7 @@ TEST_F(StudyFileTest, ASaveKilledAtAnyStepLeavesEveryFileOldOrNewAndWhole) {
   const std::string oldLoops = ReadAllBytes(Study("Ω.lps"));
   Cell(1, 2, "650");
   Key(KeyCode::F10);
-  boundary.Run([&] { form->SaveTemporarData(); });
+  boundary.Run(*form, [&] { form->SaveTemporarData(); });
   const std::string newSheets = ReadAllBytes(folder / "SHEETS.TMP");
   const std::string newLoops = ReadAllBytes(folder / "LOOPS.TMP");
   ASSERT_NE(newSheets, oldSheets);

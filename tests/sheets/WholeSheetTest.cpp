@@ -135,7 +135,7 @@ TEST_P(SavedWholeSheet, ComesBackIdentical) {
   const WholeSheetCase& c = GetParam();
   Enter(c);
   Key(KeyCode::F10);
-  ASSERT_TRUE(boundary.Run([&] { form->SaveTemporarData(); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->SaveTemporarData(); }));
   const TextGrid saved = form->Grid;
   // Velocity and resistance are stored as worked again from the flow's text (one decimal),
   // so only they may differ in the last place; a test of their own pins that down.
@@ -147,7 +147,7 @@ TEST_P(SavedWholeSheet, ComesBackIdentical) {
   form->DeleteSpreadData();
   for (Field* f : {&form->TxtOwnership, &form->TxtLoopNo, &form->TxtFlow, &form->TxtLoopLoad})
     f->Text.clear();
-  ASSERT_TRUE(boundary.Run([&] { form->LoadSheet(1); }));
+  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
 
   const std::vector<std::string> back = {form->TxtThema.Text,    form->TxtOwnership.Text,
                                          form->TxtLoopNo.Text,   form->TxtTempDrop.Text,

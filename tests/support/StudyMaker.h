@@ -29,7 +29,7 @@ inline std::filesystem::path MakeStudyOfCopies(Workspace& ws, const std::string&
     ScriptedPrompter prompter;
     FakePlatform platform;
     ScriptedScreens screens;
-    CommandBoundary boundary(ws, prompter);
+    CommandBoundary boundary(ws, prompter, state);
     FrmRavolin form(ws, state, prompter, platform, boundary, screens);
     boundary.Run([&] { form.Form_Load(); });
     for (auto [control, text] :

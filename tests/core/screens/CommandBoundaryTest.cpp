@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 
 #include "CommandBoundary.h"
+#include "ScreenKit.h"
 #include "ScriptDriver.h"
 #include "TempFolder.h"
 #include "Workspace.h"
@@ -26,7 +28,8 @@ class CommandBoundaryTest : public ::testing::Test {
   TempFolder folder_;
   Workspace ws_{folder_.Path()};
   ScriptedPrompter prompter_;
-  CommandBoundary boundary_{ws_, prompter_};
+  StudyState state_;
+  CommandBoundary boundary_{ws_, prompter_, state_};
 };
 
 TEST_F(CommandBoundaryTest, ACommandThatSucceedsKeepsItsFilesAndShowsNothing) {
@@ -58,25 +61,102 @@ TEST_F(CommandBoundaryTest, AFaultPutsTheWorkingFilesBackAndIsShownInGreek) {
   EXPECT_EQ(m.Beeps, 2);
 }
 
-TEST_F(CommandBoundaryTest, AnyOtherFailureIsReportedAsAFaultOfTheProgram) {
-  WriteAllBytes(folder_ / "SHEETS.TMP", "before");
-  EXPECT_FALSE(boundary_.Run([&] {
-    Overwrite("SHEETS.TMP", "after");
-    throw std::out_of_range("vector index 9");
-  }));
-  EXPECT_EQ(Bytes("SHEETS.TMP"), "before");
-  ASSERT_EQ(prompter_.History().size(), 1u);
-  const auto& lines = prompter_.History()[0].Box.Lines;
-  ASSERT_EQ(lines.size(), 3u);
-  EXPECT_EQ(lines[0], Line(FaultCode::Internal));
-  EXPECT_EQ(lines[1], "... vector index 9 ...");
+// Whatever escapes a command, the files go back and the box tells what failed.
+TEST_F(CommandBoundaryTest, EveryKindOfFailureIsCaughtAndTold) {
+  const struct {
+    std::function<void()> Throw;
+    std::vector<std::string> Lines;
+  } cases[] = {
+      {[] { throw std::out_of_range("vector index 9"); },
+       {Line(FaultCode::Internal), "... vector index 9 ..."}},
+      {[] { throw 42; }, {Line(FaultCode::Internal)}},
+      {[] { throw RuntimeFault(FaultCode::Overflow); }, {Line(FaultCode::Overflow)}},
+  };
+  for (const auto& c : cases) {
+    prompter_.Clear();
+    WriteAllBytes(folder_ / "SHEETS.TMP", "before");
+    EXPECT_FALSE(boundary_.Run([&] {
+      Overwrite("SHEETS.TMP", "after");
+      c.Throw();
+    }));
+    EXPECT_EQ(Bytes("SHEETS.TMP"), "before");
+    ASSERT_EQ(prompter_.History().size(), 1u);
+    auto lines = prompter_.History()[0].Box.Lines;
+    lines.pop_back();
+    EXPECT_EQ(lines, c.Lines);
+  }
 }
 
-TEST_F(CommandBoundaryTest, EvenAFailureThatIsNoExceptionIsCaught) {
-  EXPECT_FALSE(boundary_.Run([] { throw 42; }));
+// A file that cannot be put back is named, instead of the word that the files stayed as they
+// were: a folder now stands where the file was, and nothing turns it back into a file.
+TEST_F(CommandBoundaryTest, AFileThatCannotBePutBackIsNamed) {
+  WriteAllBytes(folder_ / "LOOPS.TMP", "before");
+  EXPECT_FALSE(boundary_.Run([&] {
+    Overwrite("LOOPS.TMP", "after");
+    std::filesystem::remove(folder_ / "LOOPS.TMP");
+    std::filesystem::create_directories(folder_ / "LOOPS.TMP" / "inside");
+    throw RuntimeFault(FaultCode::DeviceIo);
+  }));
   ASSERT_EQ(prompter_.History().size(), 1u);
-  EXPECT_EQ(prompter_.History()[0].Box.Lines.size(), 2u);  // no detail to tell
-  EXPECT_EQ(prompter_.History()[0].Box.Lines[0], Line(FaultCode::Internal));
+  EXPECT_EQ(prompter_.History()[0].Box.Lines.back(),
+            "... Η εντολή διακόπηκε. ΔΕΝ επανήλθαν τα αρχεία εργασίας : LOOPS.TMP ...");
+}
+
+// A screen of the kit with a control of each kind that keeps state, and a variable of its own.
+class KeptScreen : public Screen<KeptScreen> {
+ public:
+  static const ControlTable<KeptScreen>& Table() {
+    static const ControlTable<KeptScreen> table = {
+        kit::TextBox("TxtName", &KeptScreen::TxtName), kit::Combo("CboKind", &KeptScreen::CboKind),
+        kit::List("LstItems", &KeptScreen::LstItems), kit::Check("ChkOn", &KeptScreen::ChkOn),
+        kit::Grid("Grid", &KeptScreen::Grid, {})};
+    return table;
+  }
+  KeptScreen() : Screen("KeptScreen") {}
+  Field TxtName{"old"};
+  ComboBox CboKind{{"a", "b"}, 0};
+  ListBox LstItems;
+  CheckBox ChkOn;
+  TextGrid Grid{2, 2};
+  int Own = 1;
+  void Ruin() {
+    TxtName.Text = "new";
+    CboKind.Index = 1;
+    LstItems.SetItems({"x"});
+    ChkOn.Value = true;
+    Grid.SetText(1, 1, "typed");
+    Own = 2;
+    Close();
+  }
+
+ private:
+  std::function<void()> KeepOwnState() override {
+    return [this, own = Own] { Own = own; };
+  }
+};
+
+TEST_F(CommandBoundaryTest, AFaultPutsTheScreenAndTheStudyStateBack) {
+  KeptScreen screen;
+  state_.Calculated = 0;
+  EXPECT_FALSE(boundary_.Run(screen, [&] {
+    screen.Ruin();
+    state_.Calculated = -1;
+    state_.LastAnswer = "YES";
+    throw RuntimeFault(FaultCode::Overflow);
+  }));
+  EXPECT_EQ(screen.TxtName.Text, "old");
+  EXPECT_EQ(screen.CboKind.Index, 0);
+  EXPECT_TRUE(screen.LstItems.Items.empty());
+  EXPECT_FALSE(screen.ChkOn.Value);
+  EXPECT_EQ(screen.Grid.Text(1, 1), "");
+  EXPECT_EQ(screen.Own, 1);
+  EXPECT_FALSE(screen.Closed());
+  EXPECT_EQ(state_.Calculated, 0);
+  EXPECT_EQ(state_.LastAnswer, "");
+  // A command that succeeds keeps what it did.
+  EXPECT_TRUE(boundary_.Run(screen, [&] { screen.Ruin(); }));
+  EXPECT_EQ(screen.TxtName.Text, "new");
+  EXPECT_EQ(screen.Own, 2);
 }
 
 TEST_F(CommandBoundaryTest, TheProgramGoesOnAfterAFault) {

@@ -46,9 +46,10 @@ class FakeChild : public ScriptScreen {
   }
   std::string ScreenName() const override { return name_; }
   ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override {
+  bool KeyDown(const KeyStroke& key) override {
     log_.push_back(name_ + " key " + KeyName(key));
     if (key.Code == KeyCode::Escape) closed_ = true;
+    return true;
   }
   void CloseBox() override {
     log_.push_back(name_ + " close box");
@@ -108,9 +109,10 @@ class FakeMain : public ScriptScreen {
   }
   std::string ScreenName() const override { return "FrmFake"; }
   ControlMap& Controls() override { return controls_; }
-  void KeyDown(const KeyStroke& key) override {
+  bool KeyDown(const KeyStroke& key) override {
     log_.push_back("key " + KeyName(key));
     if (key.Code == KeyCode::F5) prompter_.Show(KeyBox());
+    return true;
   }
   void CloseBox() override { log_.push_back("FrmFake close box"); }
   bool Closed() const override { return false; }

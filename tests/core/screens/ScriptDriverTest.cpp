@@ -270,7 +270,7 @@ expect FrmFake.LblResult "after child: "
 
 TEST_F(ScriptDriverTest, EveryActionRunsThroughTheCommandRunner) {
   int commands = 0;
-  driver_.SetCommandRunner([&](const std::function<void()>& action) {
+  driver_.SetCommandRunner([&](ScriptScreen&, const std::function<void()>& action) {
     ++commands;
     action();
   });
@@ -304,8 +304,10 @@ TEST_F(ScriptDriverTest, AFailureInsideAModalScreenStopsTheWholeScript) {
 TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
   Workspace ws(folder_.Path());
   ws.SetPauseMilliseconds(0);
-  CommandBoundary boundary(ws, prompter_);
-  driver_.SetCommandRunner([&](const std::function<void()>& action) { boundary.Run(action); });
+  StudyState state;
+  CommandBoundary boundary(ws, prompter_, state);
+  driver_.SetCommandRunner(
+      [&](ScriptScreen& screen, const std::function<void()>& action) { boundary.Run(screen, action); });
   EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect screen FrmFake\n"), 1);
   EXPECT_EQ(err_.str(), "t.rvs:2: expected screen FrmFake, found screen FrmChild\n");
   EXPECT_TRUE(prompter_.History().empty());  // no fault box: the script stopped

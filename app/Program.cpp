@@ -1,0 +1,54 @@
+#include "Program.h"
+
+#include "FrmCLient.h"
+#include "RuntimeFault.h"
+
+Program::Program(Workspace& workspace, Prompter& prompter, Platform& platform, Screens& screens)
+    : Files(workspace),
+      Boundary(workspace, prompter, State),
+      Main(workspace, State, prompter, platform, Boundary, screens) {
+  // The names list is a subsystem of its own, which the sheets do not know.
+  screens.Wire(FrmCLient::kName, [this, &prompter, &screens] {
+    FrmCLient names(Files, State, prompter, screens);
+    names.Open(screens);
+  });
+}
+
+namespace {
+
+std::filesystem::path Executable(const char* argv0) {
+  std::error_code ec;
+  auto self = std::filesystem::read_symlink("/proc/self/exe", ec);
+  return ec ? std::filesystem::absolute(argv0) : self;
+}
+
+}  // namespace
+
+std::unique_ptr<Workspace> OpenProgramFolder(const Options& options, const char* argv0,
+                                             Prompter& prompter) {
+  std::unique_ptr<Workspace> ws;
+  try {
+    ws = std::make_unique<Workspace>(Workspace::ResolveProgramFolder(options.Home));
+  } catch (const RuntimeFault& fault) {
+    prompter.Show(FaultMessage(fault));
+    return nullptr;
+  }
+  // A failure of the seeding is told and the program goes on with what the folder holds.
+  try {
+    ws->SeedFrom(Workspace::InstalledDataFolder(Executable(argv0)));
+  } catch (const RuntimeFault& fault) {
+    prompter.Show(FaultMessage(fault));
+  }
+  return ws;
+}
+
+std::unique_ptr<Workspace> OpenOwnProgramFolder(const Options& options, const char* argv0,
+                                                Prompter& prompter,
+                                                std::optional<InstanceLock>& lock) {
+  auto ws = OpenProgramFolder(options, argv0, prompter);
+  if (!ws) return nullptr;
+  lock.emplace(ws->Folder());
+  if (lock->Held()) return ws;
+  prompter.Show(SecondCopyMessage());
+  return nullptr;
+}
