@@ -1,10 +1,10 @@
 #pragma once
 // The study browser: the studies of RVLFiles/ listed by their subject rather than by file
-// name, from the cache "Studies.std" that it builds anew each time it opens.
+// name, from the cache StudiesFile that it builds anew each time it opens.
 #include <string>
 
 #include "Controls.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 #include "StudyState.h"
 #include "Workspace.h"
 
@@ -12,8 +12,6 @@ class FrmRavolin;
 
 class FrmOpenSave_M : public ScriptScreen {
  public:
-  static constexpr const char* kStudiesFile = "Studies.std";
-
   FrmOpenSave_M(FrmRavolin& main, Workspace& workspace, StudyState& state);
 
   ListBox LstStudies;
@@ -26,7 +24,7 @@ class FrmOpenSave_M : public ScriptScreen {
   // Set by CmdClassic: the platform's file dialog follows once the browser has closed.
   bool ClassicRequested = false;
 
-  // Rebuilds "Studies.std" from the .sht files of `folder`, in list order.
+  // Rebuilds StudiesFile from the study files of `folder`, in list order.
   void MakeCurrentStudiesFile(const std::string& folder);
   void LstStudies_Click();
   void Form_Activate();

@@ -4,7 +4,7 @@
 #include "Cp1253.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 
 FrmRavoSheets::FrmRavoSheets(FrmRavolin& main, Workspace& workspace, StudyState& state,
                              Prompter& prompter)
@@ -28,7 +28,7 @@ void FrmRavoSheets::CmdOK_Click() {
   if (sheet == 0) return;
   std::vector<LoopRecord> rows;
   {
-    auto loops = ws_.Records<LoopRecord>("LOOPS.TMP", RecordFileMode::ReadOnly);
+    auto loops = ws_.Open(LoopsFile, RecordFileMode::ReadOnly);
     for (int row = 1; row <= kRowsPerSheet; ++row) {
       LoopRecord r = loops.Read(LoopRecordNumber(sheet, row));
       if (!Trim(r.SomaNo).empty()) rows.push_back(std::move(r));
@@ -39,8 +39,7 @@ void FrmRavoSheets::CmdOK_Click() {
     closed_ = true;
     return;
   }
-  const float family =
-      ws_.Records<SheetRecord>("SHEETS.TMP", RecordFileMode::ReadOnly).Read(sheet).SomaCategoryNo;
+  const float family = ws_.Open(SheetsFile, RecordFileMode::ReadOnly).Read(sheet).SomaCategoryNo;
   for (const LoopRecord& r : rows) main_.PutAddLoopDataOnSpread(r, family);
   if (st_.Calculated != 0) main_.RebuildRunningLoad();
   main_.DeleteLoopData();

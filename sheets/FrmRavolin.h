@@ -14,7 +14,7 @@
 #include "Platform.h"
 #include "RadiatorSizing.h"
 #include "Screens.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 #include "StudyState.h"
 #include "TextGrid.h"
 #include "Workspace.h"

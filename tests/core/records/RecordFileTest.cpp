@@ -10,7 +10,7 @@
 
 #include "RecordFile.h"
 #include "RuntimeFault.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 #include "TempFolder.h"
 
 namespace fs = std::filesystem;
