@@ -111,8 +111,6 @@ class Workspace : public FileJournal {
   // Keeps, in the innermost open frame, what the file holds now, unless that frame keeps it
   // already. Outside any command it does nothing.
   void BeforeModify(const std::filesystem::path& file) override;
-  // Open frames (0 outside any command).
-  std::size_t CommandDepth() const { return frames_.size(); }
 
  private:
   // What each changed file held before the frame opened; nullopt when it did not exist.

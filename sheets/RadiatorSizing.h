@@ -43,9 +43,6 @@ class RadiatorSizing {
   int16_t StepsWithoutDiscontinuities(float load, const std::string& somaType, int16_t& minSteps,
                                       int16_t& maxSteps);
 
-  // The record of the working copy in use by the last lookup.
-  const SomaRecord& LastRecord() const { return record_; }
-
  private:
   // Reads the working copy in order until the model is found; when none matches, the last
   // record read stays in use (and with an empty file, the one read before).
