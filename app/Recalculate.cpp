@@ -8,6 +8,8 @@
 #include "CommandBoundary.h"
 #include "Cp1253.h"
 #include "Program.h"
+#include "SomaRecord.h"
+#include "SomaTypeFiles.h"
 #include "SystemSeparators.h"
 
 namespace fs = std::filesystem;
@@ -39,7 +41,7 @@ class TemporaryWorkspace {
     folder_ = name;
     workspace_ = std::make_unique<Workspace>(folder_);
     workspace_->SetPauseMilliseconds(0);
-    for (const auto& pattern : {"RavoPipes.txt", "*.ths", "~Basic.dl"})
+    for (const auto& pattern : {FrmRavolin::kPipeListFile, kTypeFilePattern, kSectionFamilyMaster})
       for (const std::string& name : home.ListFiles("", pattern))
         fs::copy_file(home.PathOf(name), workspace_->PathOf(name));
   }
@@ -159,7 +161,7 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
     form.KeepOtherSheetsWater(true);
     prompter.Clear();
     const bool opened = boundary([&] { form.OpenFile(study.string()); });
-    if (!opened || !ws.FileExists("SHEETS.TMP")) {
+    if (!opened || !ws.FileExists(SheetsFile.Name)) {
       for (const auto& shown : prompter.History()) err << shown.Box.OneLine() << '\n';
       if (prompter.History().empty()) err << "... Η Μελέτη δεν διαβάστηκε: " << study << '\n';
       return 2;
@@ -187,8 +189,8 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
         for (int col = 1; col <= kGridCols; ++col) cells.push_back(form.Grid.Text(row, col));
         report.Cells.push_back(std::move(cells));
       }
-      report.Record = ws.Records<SheetRecord>("SHEETS.TMP", RecordFileMode::ReadOnly).Read(s);
-      auto loops = ws.Records<LoopRecord>("LOOPS.TMP", RecordFileMode::ReadOnly);
+      report.Record = ws.Open(SheetsFile, RecordFileMode::ReadOnly).Read(s);
+      auto loops = ws.Open(LoopsFile, RecordFileMode::ReadOnly);
       for (int row = 1; row <= kRowsPerSheet; ++row) {
         LoopRecord r = loops.Read(LoopRecordNumber(s, row));
         if (!Trim(r.SomaNo).empty()) report.Rows.push_back(std::move(r));

@@ -63,7 +63,6 @@ class RecordFile {
       : raw_(std::move(path), Length, mode, journal) {}
 
   int32_t Count() const { return raw_.Count(); }
-  uint64_t FileLength() const { return raw_.Length(); }
 
   T Read(int32_t n) const {
     unsigned char bytes[Length];

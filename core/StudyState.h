@@ -7,7 +7,7 @@
 
 struct StudyState {
   int16_t CurrentSheet = 1;  // the sheet on the screen, from 1
-  int16_t SheetCount = 0;    // records in "SHEETS.TMP", recounted each time it is opened
+  int16_t SheetCount = 0;    // records of the sheets' file, recounted each time it is opened
   int16_t Calculated = 0;    // 0 or -1: the sheet on the screen holds valid results
   int16_t StudyChanged = 0;  // 0 or -1: something changed since the last save
   int16_t ErrorFlag = 0;     // 0 nothing, -1 the caller reports, -2 already reported;

@@ -273,8 +273,8 @@ Workspace::Workspace(fs::path programFolder) : pauseMs_(PauseFromEnvironment()) 
   const fs::path absolute = fs::absolute(programFolder, ec);
   folder_ = (ec ? programFolder : absolute).lexically_normal();
   MakeFolder(folder_);
-  MakeFolder(folder_ / "RVLFiles");
-  MakeFolder(folder_ / "GMI");
+  MakeFolder(folder_ / kStudiesFolder);
+  MakeFolder(folder_ / kPicturesFolder);
   if (::access(folder_.c_str(), W_OK) != 0) {
     throw RuntimeFault(FaultCode::PermissionDenied, "Φάκελος " + ToUtf8(folder_));
   }
@@ -520,92 +520,6 @@ void Workspace::BeforeModify(const fs::path& file) {
   const fs::path key = JournalKey(file);
   if (top.count(key)) return;
   top.emplace(key, SnapshotOf(key));
-}
-
-// ---- Working files ----------------------------------------------------------------------------
-
-const std::vector<std::string>& NetworkFileNames() {
-  static const std::vector<std::string> names{"EDGE_DOUBLEFLOORS.TMP",
-                                              "INTER_DOUBLEFLOORS.TMP",
-                                              "EDGE_FINALFLOORS.TMP",
-                                              "INTER_FINALFLOORS.TMP",
-                                              "EDGE_SHEETSNODES.TMP",
-                                              "INTER_SHEETSNODES.TMP",
-                                              "RECNOFFF.TXT",
-                                              "LEVEL_SHEETS.TXT",
-                                              "LEVELSHEETS_TECH.TXT",
-                                              "TMP.TMP",
-                                              "DATARES.TMP",
-                                              "SOMATA.@@@",
-                                              "SOMATA.TMP",
-                                              "STATIST.TMP",
-                                              "SectionsFlows.txt",
-                                              "LIQUID.TMP",
-                                              "EDGE.TMP"};
-  return names;
-}
-
-const std::vector<std::string>& WorkingFileNames() {
-  // clang-format off
-  static const std::vector<std::string> names{
-      "SHEETS.TMP", "LOOPS.TMP", "RAVOFLOORS.TMP", "ThisSomataFile.tmp", "Studies.std",
-      "DUMMY.TMP",
-      "EDGE_DOUBLEFLOORS.TMP", "INTER_DOUBLEFLOORS.TMP", "EDGE_FINALFLOORS.TMP",
-      "INTER_FINALFLOORS.TMP", "EDGE_SHEETSNODES.TMP", "INTER_SHEETSNODES.TMP",
-      "RECNOFFF.TXT", "LEVEL_SHEETS.TXT", "LEVELSHEETS_TECH.TXT", "TMP.TMP",
-      "DATARES.TMP", "SOMATA.@@@", "SOMATA.TMP", "STATIST.TMP", "SectionsFlows.txt",
-      "LIQUID.TMP", "EDGE.TMP"};
-  // clang-format on
-  return names;
-}
-
-void KillRavoTemporaries(Workspace& ws) {
-  for (const std::string& name : WorkingFileNames()) {
-    if (ws.FileExists(name)) ws.Delete(name, true);
-  }
-}
-
-std::string ExtensionPattern(std::string_view extension) {
-  std::string pattern(extension);
-  if (pattern.empty() || pattern[0] != '*') pattern.insert(0, "*");
-  // Kept on purpose: a bare "rvo" becomes "*rvo" above and then "*.vo" here, as the old
-  // routine did; its callers always pass ".rvo" or ".jpg".
-  if (pattern.size() < 2 || pattern[1] != '.')
-    pattern = "*." + pattern.substr(std::min<std::size_t>(2, pattern.size()));
-  return pattern;
-}
-
-namespace {
-
-// The text less its last `count` characters (UTF-8 sequences count as one).
-std::string_view DropLastCharacters(std::string_view text, int count) {
-  std::size_t end = text.size();
-  for (int k = 0; k < count && end > 0; ++k) {
-    --end;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-  }
-  return text.substr(0, end);
-}
-
-std::string_view LastCharacters(std::string_view text, int count) {
-  return text.substr(DropLastCharacters(text, count).size());
-}
-
-}  // namespace
-
-void RenameFiles(Workspace& ws, std::string_view fromExtension, std::string_view toExtension) {
-  const std::string fromPattern = ExtensionPattern(fromExtension);
-  const std::string toPattern = ExtensionPattern(toExtension);
-  const std::string_view newEnding = LastCharacters(toPattern, 4);
-  try {
-    for (const std::string& name : ws.ListFiles("GMI", fromPattern)) {
-      const std::string newName = std::string(DropLastCharacters(name, 4)) + std::string(newEnding);
-      ws.Rename("GMI/" + name, "GMI/" + newName);
-    }
-  } catch (const RuntimeFault&) {
-    // Kept on purpose: a picture that cannot be renamed (its new name taken) stops the
-    // routine without a word; the pictures are a help, not part of the study.
-  }
 }
 
 std::string WithBackslash(std::string_view path) {

@@ -15,10 +15,15 @@
 
 #include "FileJournal.h"
 #include "RecordFile.h"
+#include "WorkingFile.h"
 
 class Workspace : public FileJournal {
  public:
-  // Opens (and creates when missing) the program folder, with its RVLFiles/ and GMI/.
+  // The two folders every program folder has: the studies, and the pictures of the network.
+  static constexpr const char* kStudiesFolder = "RVLFiles";
+  static constexpr const char* kPicturesFolder = "GMI";
+
+  // Opens (and creates when missing) the program folder, with its two folders.
   explicit Workspace(std::filesystem::path programFolder);
 
   // --home DIR, else $RAVOLINETTE_HOME, else $XDG_DATA_HOME/ravolinette, else
@@ -34,7 +39,7 @@ class Workspace : public FileJournal {
   std::vector<std::string> SeedFrom(const std::filesystem::path& dataFolder);
 
   const std::filesystem::path& Folder() const { return folder_; }
-  // A name of the program folder ("SHEETS.TMP", "RVLFiles/x.sht"), UTF-8, '/' as separator.
+  // A name of the program folder ("x.tmp", "sub/x.sht"), UTF-8, '/' as separator.
   std::filesystem::path PathOf(std::string_view name) const;
 
   // -1 when the file exists, else 0; file-system errors count as absent.
@@ -76,6 +81,11 @@ class Workspace : public FileJournal {
   RecordFile<T> Records(std::string_view name, RecordFileMode mode = RecordFileMode::ReadWrite) {
     return RecordFile<T>(PathOf(name), mode, this);
   }
+  // A working file, opened with the record its owner declared for it.
+  template <class T>
+  RecordFile<T> Open(const WorkingFile<T>& file, RecordFileMode mode = RecordFileMode::ReadWrite) {
+    return Records<T>(file.Name, mode);
+  }
 
   // The system's pause before a file operation: 0.1 s, RAVOLINETTE_PAUSE_MS milliseconds when
   // that is set (0 in tests and on the command line). The event pump runs meanwhile.
@@ -102,8 +112,6 @@ class Workspace : public FileJournal {
   // Keeps, in the innermost open frame, what the file holds now, unless that frame keeps it
   // already. Outside any command it does nothing.
   void BeforeModify(const std::filesystem::path& file) override;
-  // Open frames (0 outside any command).
-  std::size_t CommandDepth() const { return frames_.size(); }
 
  private:
   // What each changed file held before the frame opened; nullopt when it did not exist.
@@ -114,20 +122,5 @@ class Workspace : public FileJournal {
   std::vector<JournalFrame> frames_;
 };
 
-// The working files, in the order in which KillRavoTemporaries deletes them.
-const std::vector<std::string>& WorkingFileNames();
-// The files of the levels' derived network and its results, in the order in which they are
-// deleted when the sheets under them change (a sheet deleted, a study revived).
-const std::vector<std::string>& NetworkFileNames();
-// Deletes every working file that exists, in the order of the table.
-void KillRavoTemporaries(Workspace& ws);
-// Renames the pictures of "GMI/" from one extension to another (".rvo" <-> ".jpg"), as the
-// old program did: the extensions are normalised to "*.xxx", each matching file's name less
-// its last four characters gets the last four characters of the new one; a failure ends the
-// routine without a message.
-void RenameFiles(Workspace& ws, std::string_view fromExtension, std::string_view toExtension);
-// An extension as RenameFiles reads it: "*" put in front when missing, then the first two
-// characters made "*." when the second is not "." (".rvo" -> "*.rvo", "*.rvo" stays).
-std::string ExtensionPattern(std::string_view extension);
 // The path with one trailing separator ('/' here where the old program had a backslash).
 std::string WithBackslash(std::string_view path);

@@ -5,6 +5,7 @@
 #include "Checked.h"
 #include "Cp1253.h"
 #include "Numbers.h"
+#include "WorkingFiles.h"
 
 namespace {
 
@@ -63,7 +64,7 @@ void FrmOldStudy::Command1_Click() {
   sheet_.OpeningOld();
   // What a revived study does not need: the sheets, the levels and the working copy stay, the
   // derived network is built again.
-  for (const char* name : {"Studies.std", "DUMMY.TMP"}) ws_.Delete(name);
+  for (const char* name : {StudiesFile.Name, kDummyFile}) ws_.Delete(name);
   for (const std::string& name : NetworkFileNames()) ws_.Delete(name);
   Close();
 }

@@ -5,6 +5,7 @@
 
 #include "Checked.h"
 #include "Cp1253.h"
+#include "WorkingFiles.h"
 
 namespace {
 
@@ -45,11 +46,11 @@ const ControlTable<FrmOpenSave_M>& FrmOpenSave_M::Table() {
 
 FrmOpenSave_M::FrmOpenSave_M(SheetOnScreen& sheet, Workspace& workspace, StudyState& state)
     : Dialog(kName), sheet_(sheet), ws_(workspace), st_(state) {
-  const std::string folder = WithBackslash(ws_.PathOf("RVLFiles").string());
+  const std::string folder = WithBackslash(ws_.PathOf(Workspace::kStudiesFolder).string());
   MakeCurrentStudiesFile(folder);
   std::vector<std::string> lines;
   {
-    auto studies = ws_.Records<StudyRecord>(kStudiesFile, RecordFileMode::ReadOnly);
+    auto studies = ws_.Open(StudiesFile, RecordFileMode::ReadOnly);
     const int32_t count = studies.Count();
     for (int32_t n = 1; n <= count; ++n)
       lines.push_back("(" + st_.Format(n, "0000") + ".) " + Trim(studies.Read(n).StudyTitle));
@@ -59,12 +60,12 @@ FrmOpenSave_M::FrmOpenSave_M(SheetOnScreen& sheet, Workspace& workspace, StudySt
 }
 
 void FrmOpenSave_M::MakeCurrentStudiesFile(const std::string& folder) {
-  const auto [exists, size] = ws_.FileExistsAndSize(kStudiesFile);
-  if (exists && size > 0) ws_.Delete(kStudiesFile);
-  auto studies = ws_.Records<StudyRecord>(kStudiesFile);
+  const auto [exists, size] = ws_.FileExistsAndSize(StudiesFile.Name);
+  if (exists && size > 0) ws_.Delete(StudiesFile.Name);
+  auto studies = ws_.Open(StudiesFile);
   const std::string where = WithBackslash(folder);
   int16_t number = 0;
-  for (const std::string& name : ws_.ListFiles(where, "*.sht")) {
+  for (const std::string& name : ws_.ListFiles(where, std::string("*") + kStudyExtension)) {
     const SheetRecord first =
         RecordFile<SheetRecord>(std::filesystem::path(where) / name, RecordFileMode::ReadOnly)
             .Read(1);
@@ -80,7 +81,7 @@ void FrmOpenSave_M::MakeCurrentStudiesFile(const std::string& folder) {
 }
 
 StudyRecord FrmOpenSave_M::RecordOfLine(int index) {
-  return ws_.Records<StudyRecord>(kStudiesFile, RecordFileMode::ReadOnly).Read(index + 1);
+  return ws_.Open(StudiesFile, RecordFileMode::ReadOnly).Read(index + 1);
 }
 
 void FrmOpenSave_M::LstStudies_Click() {

@@ -1,18 +1,17 @@
 #pragma once
 // The study browser: the studies of RVLFiles/ listed by their subject rather than by file
-// name, from the cache "Studies.std" that it builds anew each time it opens.
+// name, from the cache StudiesFile that it builds anew each time it opens.
 #include <string>
 
 #include "ScreenKit.h"
 #include "SheetOnScreen.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 #include "StudyState.h"
 #include "Workspace.h"
 
 class FrmOpenSave_M : public Dialog<FrmOpenSave_M> {
  public:
   static constexpr const char* kName = "FrmOpenSave_M";
-  static constexpr const char* kStudiesFile = "Studies.std";
   static const ControlTable<FrmOpenSave_M>& Table();
 
   FrmOpenSave_M(SheetOnScreen& sheet, Workspace& workspace, StudyState& state);
@@ -28,7 +27,7 @@ class FrmOpenSave_M : public Dialog<FrmOpenSave_M> {
   // Set by CmdClassic: the platform's file dialog follows once the browser has closed.
   bool ClassicRequested = false;
 
-  // Rebuilds "Studies.std" from the .sht files of `folder`, in list order.
+  // Rebuilds StudiesFile from the study files of `folder`, in list order.
   void MakeCurrentStudiesFile(const std::string& folder);
   void LstStudies_Click();
   // Each opening starts with nothing selected and nothing shown.

@@ -4,7 +4,7 @@
 #include "Cp1253.h"
 #include "RavoMessages.h"
 #include "Workspace.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 
 const ControlTable<FrmRavoSheets>& FrmRavoSheets::Table() {
   using F = FrmRavoSheets;
@@ -34,7 +34,7 @@ void FrmRavoSheets::CmdOK_Click() {
   if (sheet == 0) return;
   std::vector<LoopRecord> rows;
   {
-    auto loops = sheet_.Files().Records<LoopRecord>("LOOPS.TMP", RecordFileMode::ReadOnly);
+    auto loops = sheet_.Files().Open(LoopsFile, RecordFileMode::ReadOnly);
     for (int row = 1; row <= kRowsPerSheet; ++row) {
       LoopRecord r = loops.Read(LoopRecordNumber(sheet, row));
       if (!Trim(r.SomaNo).empty()) rows.push_back(std::move(r));
@@ -46,7 +46,7 @@ void FrmRavoSheets::CmdOK_Click() {
     return;
   }
   const float family =
-      sheet_.Files().Records<SheetRecord>("SHEETS.TMP", RecordFileMode::ReadOnly).Read(sheet).SomaCategoryNo;
+      sheet_.Files().Open(SheetsFile, RecordFileMode::ReadOnly).Read(sheet).SomaCategoryNo;
   for (const LoopRecord& r : rows) sheet_.PutAddLoopDataOnSpread(r, family);
   if (st_.Calculated != 0) sheet_.RebuildRunningLoad();
   sheet_.DeleteLoopData();

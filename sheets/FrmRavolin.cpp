@@ -9,6 +9,7 @@
 #include "FrmOldStudy.h"
 #include "RavoMessages.h"
 #include "RuntimeFault.h"
+#include "WorkingFiles.h"
 
 namespace {
 
@@ -247,8 +248,8 @@ void FrmRavolin::FindPipeArea(const std::string& pipeName) {
 }
 
 void FrmRavolin::LookForStudyLeftBehind() {
-  const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize("SHEETS.TMP");
-  const auto [loopsExist, loopsSize] = ws_.FileExistsAndSize("LOOPS.TMP");
+  const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize(SheetsFile.Name);
+  const auto [loopsExist, loopsSize] = ws_.FileExistsAndSize(LoopsFile.Name);
   if (sheetsExist && sheetsSize > 0 && loopsExist && loopsSize > 0) {
     // A study left behind by a run that did not end normally.
     FrmOldStudy old(*this, ws_);

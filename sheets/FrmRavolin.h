@@ -14,7 +14,7 @@
 #include "RadiatorSizing.h"
 #include "ScreenKit.h"
 #include "SheetOnScreen.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 #include "StudyState.h"
 #include "TextGrid.h"
 #include "Workspace.h"

@@ -8,11 +8,9 @@
 #include "Cp1253.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
+#include "RowCascade.h"
 
 namespace {
-
-// The excess of the catalogue condition: 80 °C mean water against 20 °C room.
-constexpr double kCatalogueExcess = 60;
 
 // The formats of the computed cells.
 constexpr const char* kLoadFormat = "#,###";
@@ -150,12 +148,9 @@ void FrmRavolin::CalculateData() {
     const float room = static_cast<float>(st_.Parse(Grid.Text(row, 3)));
     const float load = static_cast<float>(st_.Parse(Grid.Text(row, 2)));
     const float in = row == 1 ? static_cast<float>(st_.Parse(TxtOrigTemp.Text)) : out;
-    out = static_cast<float>(in - Divide(load, flow));
-    const float mean = static_cast<float>((static_cast<double>(out) + in) / 2);
-    const float factor =
-        static_cast<float>(Divide(kCatalogueExcess, mean - static_cast<double>(room)));
-    const float equivalent = static_cast<float>(static_cast<double>(load) * factor);
-    WriteRowResults(row, in, out, mean, factor, equivalent);
+    const RowTemperatures t = CascadeRow(in, load, room, flow);
+    out = t.Out;
+    WriteRowResults(row, in, out, t.Mean, t.Factor, t.Equivalent);
     if (Trim(Grid.Text(row, 10)).empty()) continue;  // the cascade goes on through the row
     if (st_.SomaCategory != kSectionFamilyNo) {
       int16_t fault = 0;
@@ -165,11 +160,11 @@ void FrmRavolin::CalculateData() {
         return;
       }
     }
-    SizeRow(row, static_cast<float>(mean - static_cast<double>(room)), equivalent, size);
+    SizeRow(row, static_cast<float>(t.Mean - static_cast<double>(room)), t.Equivalent, size);
   }
   TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, kLoadFormat);
 
-  auto sheets = ws_.Records<SheetRecord>("SHEETS.TMP");
+  auto sheets = ws_.Open(SheetsFile);
   st_.SheetCount = CInt(sheets.Count());
   SheetRecord record = sheets.Read(sheet);
   record.ResultsValid = -1.0f;

@@ -1,5 +1,5 @@
-// The radiator families of the main screen: the type files "*.ths" of the program folder, their
-// numbers, CboSomata, the working copy "ThisSomataFile.tmp" that every sizing reads, and the
+// The radiator families of the main screen: the type files of the program folder, their
+// numbers, CboSomata, the working copy SomataWorkingCopy that every sizing reads, and the
 // model lists of column 10.
 #include <algorithm>
 #include <optional>
@@ -8,23 +8,13 @@
 #include "Cp1253.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
-
-namespace {
-
-constexpr const char* kTypeFilePattern = "*.ths";
-
-// "Χαλύβδινα Πάνελ.ths" -> "Χαλύβδινα Πάνελ.th_": the name a file that failed the test takes.
-std::string FailedTypeFileName(const std::string& name) {
-  return name.substr(0, name.size() - 1) + "_";
-}
-
-}  // namespace
+#include "SomaTypeFiles.h"
 
 // Start-up: every type file is tested on its first record; a file that fails is renamed to
 // ".th_" and left out of the lists. Then the files are numbered, and the first family of the
 // combo becomes the family in use.
 void FrmRavolin::TestSomaFiles() {
-  const std::vector<std::string> files = ws_.ListFiles("", kTypeFilePattern);
+  const std::vector<std::string> files = TypeFiles(ws_);
   CboSomata.Items.clear();
   CboSomata.Index = -1;
   SomaSortKeys.clear();
@@ -35,7 +25,7 @@ void FrmRavolin::TestSomaFiles() {
       auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
       first = file.Read(1);
     }
-    if (first.RecordNo > listed || first.RecordNo < 0 || first.UnitOutput == 0) {
+    if (!PassesTypeFileTest(first, listed)) {
       const std::string failed = FailedTypeFileName(name);
       ws_.Delete(failed);
       ws_.Rename(name, failed, true);
@@ -55,7 +45,7 @@ void FrmRavolin::TestSomaFiles() {
 // copy when it is missing.
 void FrmRavolin::SetCategoryNumbers() {
   bool sectionFamilyMet = false;
-  const std::vector<std::string> files = ws_.ListFiles("", kTypeFilePattern);
+  const std::vector<std::string> files = TypeFiles(ws_);
   for (std::size_t i = 0; i < files.size(); ++i) {
     const auto date = ws_.LastWriteTime(files[i]);
     {
@@ -77,7 +67,7 @@ void FrmRavolin::SetCategoryNumbers() {
   }
   if (sectionFamilyMet) return;
   ws_.Copy(kSectionFamilyMaster, kSectionFamilyFile);
-  const std::vector<std::string> restored = ws_.ListFiles("", kTypeFilePattern);
+  const std::vector<std::string> restored = TypeFiles(ws_);
   if (restored.empty()) return;
   CboSomata.Items.clear();
   int position = 0;
@@ -95,12 +85,12 @@ void FrmRavolin::SetCategoryNumbers() {
 // gets the models of the working copy. Without a match the working copy stays as it is.
 void FrmRavolin::FillSomaCategoryCombos() {
   const std::string shown = Trim(CboSomata.Text());
-  for (const std::string& name : ws_.ListFiles("", kTypeFilePattern)) {
+  for (const std::string& name : TypeFiles(ws_)) {
     auto file = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly);
     if (DisplayCategory(file.Read(1).Category) != shown) continue;
     file.Close();
-    ws_.Delete(kSomataWorkingCopy);
-    ws_.Copy(name, kSomataWorkingCopy, true);  // a failed copy leaves the old working copy
+    ws_.Delete(SomataWorkingCopy.Name);
+    ws_.Copy(name, SomataWorkingCopy.Name, true);  // a failed copy leaves the old working copy
     break;
   }
   TakeModelLists(1, Grid.MaxRows());
@@ -114,7 +104,7 @@ void FrmRavolin::FIXData_in_Combo(int16_t rows) {
 void FrmRavolin::TakeModelLists(int first, int last) {
   std::vector<SomaRecord> models;
   {
-    auto file = ws_.Records<SomaRecord>(kSomataWorkingCopy);
+    auto file = ws_.Open(SomataWorkingCopy);
     st_.SomaRecords = CInt(file.Count());
     models = file.ReadAll();
   }
@@ -135,7 +125,7 @@ void FrmRavolin::GetListIndex(const std::string& name, int16_t& index) {
 }
 
 std::optional<std::string> FrmRavolin::FamilyFileOf(float categoryNo, SomaRecord* first) {
-  for (const std::string& name : ws_.ListFiles("", kTypeFilePattern)) {
+  for (const std::string& name : TypeFiles(ws_)) {
     const SomaRecord record = ws_.Records<SomaRecord>(name, RecordFileMode::ReadOnly).Read(1);
     if (record.CategoryNo != categoryNo) continue;
     if (first != nullptr) *first = record;
@@ -172,7 +162,7 @@ void FrmRavolin::CboSomata_Click() {
   }
   std::string inUse;
   {
-    auto file = ws_.Records<SomaRecord>(kSomataWorkingCopy, RecordFileMode::ReadOnly);
+    auto file = ws_.Open(SomataWorkingCopy, RecordFileMode::ReadOnly);
     if (file.Count() > 0) inUse = DisplayCategory(file.Read(1).Category);
   }
   if (inUse == DisplayCategory(CboSomata.Text()) || st_.Calculated == 0) {

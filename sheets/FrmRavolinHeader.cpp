@@ -5,7 +5,7 @@
 
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 
 namespace {
 constexpr char32_t kBackspace = 8;
@@ -40,8 +40,9 @@ void FrmRavolin::TxtThema_LostFocus() {
 // The subject is the same in every record of both files: each file is written anew through a
 // second file, so a failure leaves it whole.
 void FrmRavolin::RewriteThemaInRecords(const std::string& thema) {
-  auto rewrite = [&](const char* name, auto recordTag) {
-    using Record = decltype(recordTag);
+  auto rewrite = [&](auto file) {
+    using Record = typename decltype(file)::Record;
+    const char* name = file.Name;
     const auto [exists, size] = ws_.FileExistsAndSize(name);
     if (!exists || size == 0) return;
     ws_.Rewrite(name, [&](const std::filesystem::path& second) {
@@ -55,8 +56,8 @@ void FrmRavolin::RewriteThemaInRecords(const std::string& thema) {
       }
     });
   };
-  rewrite("SHEETS.TMP", SheetRecord{});
-  rewrite("LOOPS.TMP", LoopRecord{});
+  rewrite(SheetsFile);
+  rewrite(LoopsFile);
 }
 
 void FrmRavolin::TxtOwnership_GotFocus() {}

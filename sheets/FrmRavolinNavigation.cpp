@@ -6,10 +6,6 @@
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
 
-namespace {
-constexpr const char* kSheetsFile = "SHEETS.TMP";
-}  // namespace
-
 void FrmRavolin::SetInitialValues() {
   Txta_a.Text = std::to_string(st_.CurrentSheet);
   for (Field* f : {&TxtLoopLoad, &TxtFlow, &TxtVelocity, &TxtSFR}) f->Text.clear();
@@ -31,9 +27,9 @@ void FrmRavolin::TakeFamilyInUse() {
 // A sheet without rows, on the way to another: a study on disk asks whether it is to go.
 // False when the command stops here.
 bool FrmRavolin::LeaveEmptySheet(int16_t target) {
-  const auto [exists, size] = ws_.FileExistsAndSize(kSheetsFile);
-  if (exists && size == 0) ws_.Delete(kSheetsFile);
-  if (!ws_.FileExists(kSheetsFile)) return false;
+  const auto [exists, size] = ws_.FileExistsAndSize(SheetsFile.Name);
+  if (exists && size == 0) ws_.Delete(SheetsFile.Name);
+  if (!ws_.FileExists(SheetsFile.Name)) return false;
   st_.CurrentSheet = target;
   CmdDeleteSheet_Click();
   return false;

@@ -1,29 +1,35 @@
 // The sheet between the screen and the working files: SaveTemporarData writes the sheet on the
-// screen into "SHEETS.TMP" and "LOOPS.TMP" and refreshes the water content of every sheet;
+// screen into SheetsFile and LoopsFile and refreshes the water content of every sheet;
 // PutGenSheetData and PutLoopDataOnScreen bring a sheet back.
 #include <map>
+#include <optional>
 
 #include "Checked.h"
 #include "Cp1253.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
+#include "RowCascade.h"
+#include "SomaTypeFiles.h"
 
 namespace {
 
-constexpr const char* kSheetsFile = "SHEETS.TMP";
-constexpr const char* kLoopsFile = "LOOPS.TMP";
+// The loop pipes whose water content is known, with the water one metre of each holds.
+struct PipeWater {
+  const char* Pipe;
+  double LitresPerMetre;  // l/m
+};
+constexpr PipeWater kPipeWater[] = {{"Φ16x1", 0.15}, {"Φ18x1", 0.2}};
 
-// Litres of water per metre of the loop pipes whose content is known. Any other pipe leaves
-// the value of the sheet before it in force.
+// Litres of water per metre of a loop pipe. Any pipe not in kPipeWater leaves the value of the
+// sheet before it in force.
 bool LitresPerMetre(const std::string& pipeName, double& litres) {
   const std::string pipe = Trim(pipeName);
-  if (pipe == "Φ16x1")
-    litres = 0.15;
-  else if (pipe == "Φ18x1")
-    litres = 0.2;
-  else
-    return false;
-  return true;
+  for (const PipeWater& known : kPipeWater) {
+    if (pipe != known.Pipe) continue;
+    litres = known.LitresPerMetre;
+    return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -45,8 +51,8 @@ void FrmRavolin::SaveTemporarData() {
   }
   const int16_t sheet = CInt(st_.Parse(Txta_a.Text));
   {
-    auto sheets = ws_.Records<SheetRecord>(kSheetsFile);
-    auto loops = ws_.Records<LoopRecord>(kLoopsFile);
+    auto sheets = ws_.Open(SheetsFile);
+    auto loops = ws_.Open(LoopsFile);
     const SheetHeader header = ReadSheetHeader();
     float out = 0;
     SomaSize size;
@@ -66,19 +72,19 @@ void FrmRavolin::SaveTemporarData() {
       loops.Write(LoopRecordNumber(sheet, row), record);
     }
   }
-  st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile).Count());
+  st_.SheetCount = CInt(ws_.Open(SheetsFile).Count());
   ComputeWaterContent(sheet);
-  st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile).Count());
+  st_.SheetCount = CInt(ws_.Open(SheetsFile).Count());
 }
 
 // A sheet without rows: a study on disk is asked whether the sheet is to go.
 void FrmRavolin::SaveEmptySheet() {
-  const auto [exists, size] = ws_.FileExistsAndSize(kSheetsFile);
+  const auto [exists, size] = ws_.FileExistsAndSize(SheetsFile.Name);
   if (!exists) {
     FocusOn(Grid);
     return;
   }
-  if (size == 0) ws_.Delete(kSheetsFile);
+  if (size == 0) ws_.Delete(SheetsFile.Name);
   if (AskYes(-12)) CmdDeleteSheet_Click();
   FocusOn(Grid);
 }
@@ -122,25 +128,25 @@ void FrmRavolin::SaveRow(int row, float flow, float in, float& out, SomaSize& si
                          LoopRecord& record) {
   const float room = static_cast<float>(st_.Parse(Grid.Text(row, 3)));
   const float load = static_cast<float>(st_.Parse(Grid.Text(row, 2)));
-  if (flow > 0) out = static_cast<float>(in - Divide(load, flow));
-  const float mean = static_cast<float>((static_cast<double>(out) + in) / 2);
-  const float factor = static_cast<float>(Divide(60, mean - static_cast<double>(room)));
-  const float equivalent = static_cast<float>(static_cast<double>(load) * factor);
+  // A sheet saved before its first calculation has no flow: its rows keep the outlet before.
+  const RowTemperatures t =
+      CascadeRow(in, load, room, flow > 0 ? std::optional<float>(flow) : std::nullopt, out);
+  out = t.Out;
   const bool showResults = InCalculation != 0 || st_.Calculated != 0;
   const std::string model = Trim(Grid.Text(row, 10));
   if (showResults) {
-    WriteRowResults(row, in, out, mean, factor, equivalent);
+    WriteRowResults(row, in, out, t.Mean, t.Factor, t.Equivalent);
     if (!model.empty())
-      SizeRow(row, static_cast<float>(mean - static_cast<double>(room)), equivalent, size);
+      SizeRow(row, static_cast<float>(t.Mean - static_cast<double>(room)), t.Equivalent, size);
   }
   record.SomaNo = Trim(Grid.Text(row, 1));
   record.RoomTemp = room;
   record.Load = load;
   record.InletTemp = in;
   record.OutletTemp = out;
-  record.MeanTemp = mean;
-  record.CorrectionFactor = factor;
-  record.EquivalentLoad = equivalent;
+  record.MeanTemp = t.Mean;
+  record.CorrectionFactor = t.Factor;
+  record.EquivalentLoad = t.Equivalent;
   record.SomaType = model;
   if (showResults && !model.empty()) {
     record.SomaText = Trim(size.SomaText);
@@ -183,7 +189,7 @@ void FrmRavolin::WriteSheetRecord(RecordFile<SheetRecord>& sheets, int16_t sheet
 // once per radiator, whatever its number of steps or sections. Records whose bytes would not
 // change are not written again.
 void FrmRavolin::ComputeWaterContent(int16_t savedSheet) {
-  auto sheets = ws_.Records<SheetRecord>(kSheetsFile);
+  auto sheets = ws_.Open(SheetsFile);
   const int32_t count = sheets.Count();
   // A batch run saves one sheet after another and nothing else touches the others: once a
   // pass has gone over all of them, a new pass would find the same water in every other sheet.
@@ -196,7 +202,7 @@ void FrmRavolin::ComputeWaterContent(int16_t savedSheet) {
 
 void FrmRavolin::UpdateWaterContent(RecordFile<SheetRecord>& sheets, int32_t first, int32_t last) {
   if (last < first) return;
-  auto loops = ws_.Records<LoopRecord>(kLoopsFile);
+  auto loops = ws_.Open(LoopsFile);
   std::map<float, std::vector<SomaRecord>> families;
   const auto familyOf = [&](float categoryNo) -> const std::vector<SomaRecord>& {
     auto at = families.find(categoryNo);
@@ -278,13 +284,13 @@ void FrmRavolin::PutGenSheetData(const SheetRecord& record) {
 // quietly and its type file copied as the working copy. When no file has the family number,
 // the last file of the list is the one copied.
 void FrmRavolin::TakeFamilyOfSheet() {
-  const std::vector<std::string> files = ws_.ListFiles("", "*.ths");
+  const std::vector<std::string> files = TypeFiles(ws_);
   if (files.empty()) return;
   SomaRecord first;
   const auto found = FamilyFileOf(st_.SomaCategory, &first);
   if (found) SelectFamilyOf(first);
-  ws_.Delete(kSomataWorkingCopy);
-  ws_.Copy(found ? *found : files.back(), kSomataWorkingCopy);
+  ws_.Delete(SomataWorkingCopy.Name);
+  ws_.Copy(found ? *found : files.back(), SomataWorkingCopy.Name);
 }
 
 void FrmRavolin::PutLoopDataOnScreen(const LoopRecord& record) {
@@ -330,7 +336,7 @@ void FrmRavolin::RebuildRunningLoad() {
 }
 
 int16_t FrmRavolin::CountSheets() {
-  st_.SheetCount = CInt(ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly).Count());
+  st_.SheetCount = CInt(ws_.Open(SheetsFile, RecordFileMode::ReadOnly).Count());
   return st_.SheetCount;
 }
 
@@ -341,10 +347,10 @@ void FrmRavolin::OpeningOld() {
   RebuildRunningLoad();  // no gap closing here
 }
 
-// Record `sheet` of "SHEETS.TMP" into the header; Calculated from its ResultsValid. Returns
+// Record `sheet` of SheetsFile into the header; Calculated from its ResultsValid. Returns
 // the record.
 SheetRecord FrmRavolin::PutSheetRecordOnScreen(int16_t sheet) {
-  auto sheets = ws_.Records<SheetRecord>(kSheetsFile, RecordFileMode::ReadOnly);
+  auto sheets = ws_.Open(SheetsFile, RecordFileMode::ReadOnly);
   st_.SheetCount = CInt(sheets.Count());
   const SheetRecord record = sheets.Read(sheet);
   PutGenSheetData(record);
@@ -352,12 +358,12 @@ SheetRecord FrmRavolin::PutSheetRecordOnScreen(int16_t sheet) {
   return record;
 }
 
-// The rows of `sheet` from "LOOPS.TMP", read in order from record 1 up to the first record of a
+// The rows of `sheet` from LoopsFile, read in order from record 1 up to the first record of a
 // later sheet. Only the number of each record is decoded until it belongs to the sheet.
 // Returns which rows (1 to 8) a record brought.
 std::vector<bool> FrmRavolin::PutLoopsOfSheetOnScreen(int16_t sheet) {
   std::vector<bool> rowsMet(kRowsPerSheet + 1, false);
-  auto loops = ws_.Records<LoopRecord>(kLoopsFile, RecordFileMode::ReadOnly);
+  auto loops = ws_.Open(LoopsFile, RecordFileMode::ReadOnly);
   const int32_t count = loops.Count();
   const std::string bytes = loops.ReadAllBytes();
   for (int32_t n = 1; n <= count; ++n) {

@@ -4,13 +4,15 @@
 #include "Checked.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
+#include "WorkingFiles.h"
 
 namespace {
 
-// Copies every record of `name` except those `keep` refuses into "~" + name, renumbered by
+// Copies every record of `file` except those `keep` refuses into "~" + its name, renumbered by
 // `renumber`, then puts the copy in place of the file.
 template <class Record, class Keep, class Renumber>
-void RewriteWithout(Workspace& ws, const std::string& name, Keep keep, Renumber renumber) {
+void RewriteWithout(Workspace& ws, const WorkingFile<Record>& file, Keep keep, Renumber renumber) {
+  const std::string name = file.Name;
   const std::string second = "~" + name;
   ws.Delete(second);
   {
@@ -57,17 +59,17 @@ void FrmRavolin::CmdDeleteSheet_Click() {
   LoadSheet(next);
   st_.StudyChanged = -1;
   // A deleted loop invalidates the levels and the whole network work of the study.
-  ws_.Delete("RAVOFLOORS.TMP");
+  ws_.Delete(kFloorsFile);
   for (const std::string& name : NetworkFileNames()) ws_.Delete(name);
   FocusOn(Grid);
 }
 
 void FrmRavolin::RemoveSheetFromFiles(int16_t sheet) {
-  RewriteWithout<SheetRecord>(
-      ws_, "SHEETS.TMP", [sheet](const SheetRecord&, int32_t n) { return n != sheet; },
+  RewriteWithout(
+      ws_, SheetsFile, [sheet](const SheetRecord&, int32_t n) { return n != sheet; },
       [](SheetRecord& r, int32_t position) { r.SheetNo = static_cast<int16_t>(position); });
-  RewriteWithout<LoopRecord>(
-      ws_, "LOOPS.TMP", [sheet](const LoopRecord& r, int32_t) { return r.SheetNo != sheet; },
+  RewriteWithout(
+      ws_, LoopsFile, [sheet](const LoopRecord& r, int32_t) { return r.SheetNo != sheet; },
       [sheet](LoopRecord& r, int32_t) {
         if (r.SheetNo > sheet) r.SheetNo = static_cast<int16_t>(r.SheetNo - 1);
       });

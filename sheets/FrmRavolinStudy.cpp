@@ -7,10 +7,13 @@
 #include "FrmOpenSave_M.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
+#include "WorkingFiles.h"
 
 namespace {
 
-constexpr const char* kStudyFilter = "Special Files (*.sht)|*.sht";
+// The filter of the platform's file dialogs, in the old form "text|pattern".
+const std::string kStudyFilter =
+    std::string("Special Files (*") + kStudyExtension + ")|*" + kStudyExtension;
 
 Message NewStudyQuestion() {
   Message m;
@@ -45,7 +48,7 @@ bool EndsWithStudyExtension(const std::string& name) {
   std::string tail = name.substr(name.size() - 4);
   std::transform(tail.begin(), tail.end(), tail.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return tail == ".sht";
+  return tail == kStudyExtension;
 }
 
 }  // namespace
@@ -56,10 +59,10 @@ void FrmRavolin::CmdSave_Click() {
   FocusOn(Grid);
   if (st_.Calculated == 0) return;
   SaveTemporarData();
-  const auto answer = platform_.AskSaveFile(ws_.PathOf("RVLFiles"), kStudyFilter);
+  const auto answer = platform_.AskSaveFile(ws_.PathOf(Workspace::kStudiesFolder), kStudyFilter);
   if (!answer) return;
   std::string fileName = answer->string();
-  if (!EndsWithStudyExtension(fileName)) fileName += ".sht";
+  if (!EndsWithStudyExtension(fileName)) fileName += kStudyExtension;
   SaveAsFile(fileName);
   st_.StudyFileName = fileName;
   st_.StudyChanged = 0;
@@ -67,14 +70,14 @@ void FrmRavolin::CmdSave_Click() {
 
 void FrmRavolin::SaveAsFile(std::string fileName) {
   FocusOn(Grid);
-  const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize("SHEETS.TMP");
+  const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize(SheetsFile.Name);
   if (!sheetsExist || sheetsSize == 0) return;
   // Each file of the study goes through a second file and a rename, so that a crash leaves it
   // either as it was or whole; the old file is therefore not deleted first.
-  ws_.CopySafely("SHEETS.TMP", fileName);
+  ws_.CopySafely(SheetsFile.Name, fileName);
   CountSheets();
   for (const auto& [working, extension] :
-       {std::pair{"LOOPS.TMP", ".lps"}, std::pair{"RAVOFLOORS.TMP", ".rvf"}}) {
+       {std::pair{LoopsFile.Name, kLoopsExtension}, std::pair{kFloorsFile, kFloorsExtension}}) {
     const auto [exists, size] = ws_.FileExistsAndSize(working);
     if (!exists || size == 0) return;
     fileName = SisterFile(fileName, extension);
@@ -123,7 +126,7 @@ void FrmRavolin::CmdOpen_Click() {
 }
 
 void FrmRavolin::ClassicOpenFile_M() {
-  const auto answer = platform_.AskOpenFile(ws_.PathOf("RVLFiles"), kStudyFilter);
+  const auto answer = platform_.AskOpenFile(ws_.PathOf(Workspace::kStudiesFolder), kStudyFilter);
   if (answer && !answer->empty()) OpenFile(answer->string());
 }
 
@@ -132,7 +135,7 @@ void FrmRavolin::ClassicOpenFile_M() {
 bool FrmRavolin::LooksLikeAStudy(const std::string& fileName) {
   const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize(fileName);
   if (!sheetsExist) throw RuntimeFault(FaultCode::FileNotFound, fileName);
-  const std::string loops = SisterFile(fileName, ".lps");
+  const std::string loops = SisterFile(fileName, kLoopsExtension);
   const auto [loopsExist, loopsSize] = ws_.FileExistsAndSize(loops);
   if (!loopsExist) throw RuntimeFault(FaultCode::FileNotFound, loops);
   const bool whole = sheetsSize > 0 && sheetsSize % SheetRecordLayout.RecordLength == 0 &&
@@ -149,16 +152,16 @@ bool FrmRavolin::LooksLikeAStudy(const std::string& fileName) {
 void FrmRavolin::OpenFile(std::string fileName) {
   if (!LooksLikeAStudy(fileName)) return;
   st_.StudyFileName = fileName;
-  ws_.Delete("SHEETS.TMP");
-  ws_.Delete("LOOPS.TMP");
-  ws_.Copy(fileName, "SHEETS.TMP");
-  fileName = SisterFile(fileName, ".lps");
-  ws_.Copy(fileName, "LOOPS.TMP");
+  ws_.Delete(SheetsFile.Name);
+  ws_.Delete(LoopsFile.Name);
+  ws_.Copy(fileName, SheetsFile.Name);
+  fileName = SisterFile(fileName, kLoopsExtension);
+  ws_.Copy(fileName, LoopsFile.Name);
   DeleteSpreadData();
   LoadSheet(1);
-  ws_.Delete("RAVOFLOORS.TMP");
-  // A study saved before its levels has no .rvf: it opens without levels.
-  ws_.Copy(SisterFile(fileName, ".rvf"), "RAVOFLOORS.TMP", true);
+  ws_.Delete(kFloorsFile);
+  // A study saved before its levels has no levels' file: it opens without levels.
+  ws_.Copy(SisterFile(fileName, kFloorsExtension), kFloorsFile, true);
 }
 
 void FrmRavolin::Cmd_Client_Click() {

@@ -2,27 +2,14 @@
 // How big a radiator must be for its equivalent load at the 80/20 condition, and what it
 // really gives. The family with sections (family 1) is sized from the program's own rating
 // table; any other family is made in steps whose ratings come from the working copy of the
-// family's type file ("ThisSomataFile.tmp"), opened and scanned once per radiator.
+// family's type file (SomataWorkingCopy), opened and scanned once per radiator.
 #include <cstdint>
 #include <string>
 
+#include "SectionRatings.h"
 #include "SomaRecord.h"
 #include "StudyState.h"
 #include "Workspace.h"
-
-// One row of the rating table of the family with sections.
-struct SectionRating {
-  const char* Model;     // "II/905"
-  const char* Greek;     // the same typed on a Greek keyboard, "ΙΙ/905"
-  const char* GreekAlt;  // a third spelling, or nullptr
-  int16_t Output;        // Kcal/h per section
-  float Area;            // m² per section
-};
-
-// The table, in the order of the catalogue.
-const std::vector<SectionRating>& SectionRatings();
-// The row of a model, compared exactly with each spelling; nullptr when none matches.
-const SectionRating* FindSectionRating(const std::string& somaType);
 
 // The smallest whole number of units of rating `rating` for the load `load`: the divisibility
 // test works on the rounded values (halves to even), the division on the exact ones, so a
@@ -55,9 +42,6 @@ class RadiatorSizing {
   // what the range check before the sizing needs.
   int16_t StepsWithoutDiscontinuities(float load, const std::string& somaType, int16_t& minSteps,
                                       int16_t& maxSteps);
-
-  // The record of the working copy in use by the last lookup.
-  const SomaRecord& LastRecord() const { return record_; }
 
  private:
   // Reads the working copy in order until the model is found; when none matches, the last

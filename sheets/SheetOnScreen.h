@@ -6,7 +6,7 @@
 #include <string>
 
 #include "Controls.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 #include "TextGrid.h"
 
 class Workspace;

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "RecordFile.h"
-#include "StudyRecords.h"
+#include "SheetRecords.h"
 #include "TempFolder.h"
 
 namespace fs = std::filesystem;

@@ -275,11 +275,11 @@ TEST_F(CalcTest, AModelRatedBelowHalfAKcalStopsTheCommandWithFilesAsTheyWere) {
   Choose("CboSomata", "Πάνελ");
   TypeHeader();
   Row(1, "1", "1000", "20", "Μικρό");
-  const std::string workingCopy = ReadAllBytes(folder / kSomataWorkingCopy);
+  const std::string workingCopy = ReadAllBytes(folder / SomataWorkingCopy.Name);
   Calculate();
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
-  EXPECT_EQ(ReadAllBytes(folder / kSomataWorkingCopy), workingCopy);
+  EXPECT_EQ(ReadAllBytes(folder / SomataWorkingCopy.Name), workingCopy);
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
   EXPECT_EQ(form->Grid.Text(1, 5), "");
 }

@@ -39,7 +39,7 @@ TEST_F(FamiliesTest, FilesAreNumberedInListOrderAroundTheSectionFamily) {
   // The first entry is the family in use: its working copy, its number, its models.
   EXPECT_EQ(form->CboSomata.Index, 0);
   EXPECT_EQ(state.SomaCategory, 2);
-  EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes("Αλουμινίου.ths"));
+  EXPECT_EQ(Bytes(SomataWorkingCopy.Name), Bytes("Αλουμινίου.ths"));
   EXPECT_EQ(form->Grid.List(8, 10), (std::vector<std::string>{"11/600", "22/600"}));
   EXPECT_TRUE(prompter.History().empty());
 }
@@ -115,9 +115,9 @@ TEST_F(FamiliesTest, AQualifierInBracketsIsNotShownAndTheFirstOfTwoLikeNamesWins
       form->CboSomata.Items,
       (std::vector<std::string>{kSectionFamilyCategory, "Χαλύβδινα Πάνελ", "Χαλύβδινα Πάνελ"}));
   Choose("CboSomata", "Χαλύβδινα Πάνελ");
-  EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes("Πάνελ Α.ths"));
+  EXPECT_EQ(Bytes(SomataWorkingCopy.Name), Bytes("Πάνελ Α.ths"));
   boundary.Run(*form, [&] { form->Controls().at("CboSomata").ChooseIndex(2); });
-  EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes("Πάνελ Α.ths"));  // told apart by nothing
+  EXPECT_EQ(Bytes(SomataWorkingCopy.Name), Bytes("Πάνελ Α.ths"));  // told apart by nothing
 }
 
 TEST_F(FamiliesTest, AnEmptyTypeFileFailsItsTestAndOneCutShortStillServes) {
@@ -170,7 +170,7 @@ TEST_F(CalculatedSheetFamilyTest, AnotherFamilyAsksAndNoPutsTheComboBack) {
   EXPECT_EQ(LastBox().Lines.front(),
             "!! ΘΑ ΔΙΑΓΡΑΦΟΥΝ ΟΛΑ ΤΑ ΑΠΟΤΕΛΕΣΜΑΤΑ ΤΟΥ ΤΡΕΧΟΝΤΟΣ ΦΎΛΛΟΥ  !!");
   EXPECT_EQ(form->CboSomata.Text(), kSectionFamilyCategory);
-  EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes(kSectionFamilyFile));
+  EXPECT_EQ(Bytes(SomataWorkingCopy.Name), Bytes(kSectionFamilyFile));
   EXPECT_EQ(form->Grid.Text(1, 11), "13/II/905");
   EXPECT_EQ(state.Calculated, -1);
 }
@@ -178,7 +178,7 @@ TEST_F(CalculatedSheetFamilyTest, AnotherFamilyAsksAndNoPutsTheComboBack) {
 TEST_F(CalculatedSheetFamilyTest, YesTakesTheFamilyAndDiscardsTheResults) {
   prompter.QueueAnswer(Answer::Yes);
   Choose("CboSomata", "Χαλύβδινα Πάνελ");
-  EXPECT_EQ(Bytes(kSomataWorkingCopy), Bytes("Χαλύβδινα Πάνελ.ths"));
+  EXPECT_EQ(Bytes(SomataWorkingCopy.Name), Bytes("Χαλύβδινα Πάνελ.ths"));
   EXPECT_EQ(state.SomaCategory, 2);
   EXPECT_EQ(form->Grid.Text(1, 11), "");
   EXPECT_EQ(form->Grid.Text(1, 5), "");

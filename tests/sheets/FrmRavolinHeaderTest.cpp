@@ -1,8 +1,8 @@
 // The header fields of the main screen: filters, focus behaviour and range checks.
 #include "RavoMessages.h"
 #include "RecordFile.h"
+#include "SheetRecords.h"
 #include "SheetsFixture.h"
-#include "StudyRecords.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 // The start and the end of the program on the main screen.
 #include "RuntimeFault.h"
 #include "SheetsFixture.h"
+#include "WorkingFiles.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 // from the working files or lets it go.
 #include "FrmOldStudy.h"
 #include "SheetsFixture.h"
+#include "WorkingFiles.h"
 
 namespace {
 
@@ -57,7 +58,7 @@ TEST_F(RecoveryTest, YesRevivesTheStudyFromTheWorkingFilesAsTheyStand) {
   EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheets);
   EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), loops);
   EXPECT_TRUE(std::filesystem::exists(folder / "RAVOFLOORS.TMP"));
-  EXPECT_TRUE(std::filesystem::exists(folder / kSomataWorkingCopy));
+  EXPECT_TRUE(std::filesystem::exists(folder / SomataWorkingCopy.Name));
   EXPECT_FALSE(std::filesystem::exists(folder / "DATARES.TMP"));
   EXPECT_FALSE(std::filesystem::exists(folder / "Studies.std"));
   Key(KeyCode::PageDown);

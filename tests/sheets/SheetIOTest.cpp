@@ -184,7 +184,7 @@ TEST_F(SheetIOTest, BringingASheetBackTakesItsFamilyAsTheWorkingCopy) {
   ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
   EXPECT_EQ(state.SomaCategory, 2);
   EXPECT_EQ(form->CboSomata.Text(), "Πάνελ");
-  EXPECT_EQ(ReadAllBytes(folder / kSomataWorkingCopy), ReadAllBytes(folder / "Πάνελ.ths"));
+  EXPECT_EQ(ReadAllBytes(folder / SomataWorkingCopy.Name), ReadAllBytes(folder / "Πάνελ.ths"));
   EXPECT_EQ(form->Grid.List(1, 10), std::vector<std::string>{"22/600"});
   EXPECT_EQ(form->Grid.Text(1, 10), "22/600");
 }

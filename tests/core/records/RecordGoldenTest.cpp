@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "RecordFile.h"
+#include "SheetRecords.h"
 #include "SomaRecord.h"
-#include "StudyRecords.h"
 #include "TempFolder.h"
 
 namespace {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "RuntimeFault.h"
+#include "WorkingFiles.h"
 #include "Workspace.h"
 #include "WorkspaceTestSupport.h"
 

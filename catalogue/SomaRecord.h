@@ -7,6 +7,7 @@
 #include <string>
 
 #include "RecordLayout.h"
+#include "WorkingFile.h"
 
 struct SomaRecord {
   int16_t CategoryNo = 0;    // number of the family, rewritten at every start
@@ -46,12 +47,15 @@ struct RecordLayoutOf<SomaRecord> {
   static constexpr const auto& Value = SomaRecordLayout;
 };
 
-// The family with sections, whose sizing uses the program's own rating table.
+// The copy of the family in use that every sizing and every model list reads.
+inline constexpr WorkingFile<SomaRecord> SomataWorkingCopy{"ThisSomataFile.tmp"};
+
+// The family with sections, whose sizing uses the program's own rating table; its type file is
+// restored from the master copy when the engineer has lost it.
 inline constexpr int16_t kSectionFamilyNo = 1;
 inline constexpr const char* kSectionFamilyCategory = "Κλασσικά Θερμαντικά Σώματα, με Φέτες";
 inline constexpr const char* kSectionFamilyFile = "Κλασσικά Σώματα, με Φέτες.ths";
 inline constexpr const char* kSectionFamilyMaster = "~Basic.dl";
-inline constexpr const char* kSomataWorkingCopy = "ThisSomataFile.tmp";
 
 // The display form of a category: the text in front of the first "(", trimmed.
 std::string DisplayCategory(const std::string& category);

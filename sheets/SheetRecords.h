@@ -1,11 +1,12 @@
 #pragma once
 // The two records in which the sheets of a study live, on disk and in study files alike:
-// "SHEETS.TMP" (one SheetRecord per sheet) and "LOOPS.TMP" (eight LoopRecords per sheet,
-// the record of row r of sheet s at (s - 1) * 8 + r).
+// SheetsFile (one SheetRecord per sheet) and LoopsFile (eight LoopRecords per sheet, the
+// record of row r of sheet s at (s - 1) * 8 + r); and the study browser's list of studies.
 #include <cstdint>
 #include <string>
 
 #include "RecordLayout.h"
+#include "WorkingFile.h"
 
 struct SheetRecord {
   int16_t SheetNo = 0;           // equal to the record number
@@ -43,6 +44,8 @@ template <>
 struct RecordLayoutOf<SheetRecord> {
   static constexpr const auto& Value = SheetRecordLayout;
 };
+
+inline constexpr WorkingFile<SheetRecord> SheetsFile{"SHEETS.TMP"};
 
 struct LoopRecord {
   int16_t SheetNo = 0;         // the sheet that owns the row
@@ -88,8 +91,10 @@ struct RecordLayoutOf<LoopRecord> {
   static constexpr const auto& Value = LoopRecordLayout;
 };
 
-// "Studies.std": one record per study file of RVLFiles/, a cache the study browser rebuilds
-// from the folder each time it opens.
+inline constexpr WorkingFile<LoopRecord> LoopsFile{"LOOPS.TMP"};
+
+// StudiesFile: one record per study file of the studies' folder, a cache the study browser
+// rebuilds from the folder each time it opens.
 struct StudyRecord {
   int16_t StudyNo = 0;     // from 1, the record number
   std::string StudyTitle;  // Thema of the study's first sheet
@@ -111,6 +116,8 @@ template <>
 struct RecordLayoutOf<StudyRecord> {
   static constexpr const auto& Value = StudyRecordLayout;
 };
+
+inline constexpr WorkingFile<StudyRecord> StudiesFile{"Studies.std"};
 
 inline constexpr int kRowsPerSheet = 8;
 // The number of the LoopRecord of row `row` of sheet `sheet`, both from 1.
