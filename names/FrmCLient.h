@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "ClientMessages.h"
 #include "Controls.h"
 #include "Message.h"
 #include "Screens.h"
@@ -63,7 +64,7 @@ class FrmCLient : public ScriptScreen {
   void ChooseEngineer(const std::string& name);
   void ShowCurrentEngineer();
   // Asks and leaves the answer, emptied from the shared state.
-  std::string Ask(int16_t code, const std::string& name = {});
+  std::string Ask(ClientMessage code, const std::string& name = {});
   void CloseScreen();
 
   Workspace& ws_;

@@ -4,6 +4,7 @@
 #include "Cp1253.h"
 #include "FrmRavoSheets.h"
 #include "FrmRavolin.h"
+#include "RavoMessages.h"
 
 namespace {
 
@@ -12,17 +13,6 @@ constexpr char32_t kEnter = 13;
 constexpr int kLowestRoomTemp = 8;
 constexpr int kHighestRoomTemp = 30;
 constexpr const char* kDefaultRoomTemp = "20";
-
-Message SameSheetQuestion() {
-  Message m;
-  m.Title = "!! ΠΡΟΣΟΧΗ !!";
-  m.Lines = {"!! ΥΠΑΡΧΟΥΝ ΚΑΙ ΑΛΛΕΣ ΚΑΤΑΧΩΡΗΣΕΙΣ ΣΤΟ ΠΑΡΟΝ ΦΥΛΛΟ !!",
-             "... Θέλετε αυτές να Διαγραφούν (Yes) ή να Παραμείνουν (No) ?? ..."};
-  m.Buttons = MessageButtons::YesNo;
-  m.Icon = MessageIcon::Question;
-  m.Default = Answer::Yes;
-  return m;
-}
 
 }  // namespace
 
@@ -142,7 +132,8 @@ void FrmRavoAdd::CmdCancel_Click() {
 
 void FrmRavoAdd::CmdSame_Click() {
   if (main_.CountSheets() == 0) return;
-  if (main_.Grid.DataRowCount() > 0 && prompter_.Show(SameSheetQuestion()) == Answer::Yes)
+  if (main_.Grid.DataRowCount() > 0 &&
+      prompter_.Show(RavoMessageBox(RavoMessage::OtherRowsOnSheet)) == Answer::Yes)
     main_.DeleteSpreadData();
   FrmRavoSheets sheets(main_, main_.Files(), st_, prompter_);
   screens_.ShowModal(sheets);

@@ -35,7 +35,7 @@ void FrmRavoSheets::CmdOK_Click() {
     }
   }
   if (static_cast<int>(rows.size()) + main_.Grid.DataRowCount() > main_.Grid.MaxRows()) {
-    RavoMessages(-7, prompter_, st_);
+    RavoMessages(RavoMessage::EightRadiatorsAlready, prompter_, st_);
     closed_ = true;
     return;
   }

@@ -13,6 +13,7 @@
 #include "Message.h"
 #include "Platform.h"
 #include "RadiatorSizing.h"
+#include "RavoMessages.h"
 #include "Screens.h"
 #include "StudyRecords.h"
 #include "StudyState.h"
@@ -232,7 +233,7 @@ class FrmRavolin : public ScriptScreen {
   // Asks message -5 on a calculated sheet; true when the command may go on (results discarded).
   bool DiscardAfterQuestion();
   // Shows the question of a code; true on "YES". LastAnswer is read and emptied here.
-  bool AskYes(int16_t code);
+  bool AskYes(RavoMessage code);
   // The header values that every record of the sheet carries, as SaveTemporarData reads them.
   struct SheetHeader {
     std::string Thema, Ownership, LoopNo, PipeName;
@@ -279,7 +280,7 @@ class FrmRavolin : public ScriptScreen {
   void BuildControls();
   // A range check of the temperature fields on focus loss (messages -13 and -14).
   void CheckTemperatureField(Field& field, const char* name, float& oldValue, double low,
-                             double high, int16_t rangeMessage);
+                             double high, RavoMessage rangeMessage);
   void DiscardResults(bool withLoopData);
   void RewriteThemaInRecords(const std::string& thema);
   bool AcceptsDigits(char32_t ch, bool decimalSeparator);

@@ -84,7 +84,8 @@ bool FrmRavolin::TxtTempDrop_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
 }
 void FrmRavolin::TxtTempDrop_LostFocus() {
-  CheckTemperatureField(TxtTempDrop, "TxtTempDrop", OldTempDrop, 8, 30, -13);
+  CheckTemperatureField(TxtTempDrop, "TxtTempDrop", OldTempDrop, 8, 30,
+                        RavoMessage::TempDropOutOfRange);
 }
 
 void FrmRavolin::TxtOrigTemp_GotFocus() {
@@ -94,13 +95,14 @@ bool FrmRavolin::TxtOrigTemp_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
 }
 void FrmRavolin::TxtOrigTemp_LostFocus() {
-  CheckTemperatureField(TxtOrigTemp, "TxtOrigTemp", OldOrigTemp, 30, 90, -14);
+  CheckTemperatureField(TxtOrigTemp, "TxtOrigTemp", OldOrigTemp, 30, 90,
+                        RavoMessage::InletTempOutOfRange);
 }
 
 // Out of range: the message, the old value back, the focus stays. In range but
 // changed on a calculated sheet: question -5; "NO" puts the old value back.
 void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& oldValue, double low,
-                                       double high, int16_t rangeMessage) {
+                                       double high, RavoMessage rangeMessage) {
   const double value = st_.Parse(field.Text);
   if (value < low || value > high) {
     RavoMessages(rangeMessage, prompter_, st_);
@@ -109,7 +111,7 @@ void FrmRavolin::CheckTemperatureField(Field& field, const char* name, float& ol
     return;
   }
   if (static_cast<float>(value) == oldValue || !st_.Calculated) return;
-  const bool discard = AskYes(-5);
+  const bool discard = AskYes(RavoMessage::DiscardResults);
   if (discard)
     DiscardResults(true);
   else

@@ -39,7 +39,7 @@ void FrmRavolin::CmdDeleteSheet_Click() {
     FocusTarget = "Grid";
     return;
   }
-  if (!AskYes(-11)) {
+  if (!AskYes(RavoMessage::DeleteWholeSheet)) {
     FocusTarget = "Grid";
     return;
   }
