@@ -25,6 +25,13 @@ const std::map<std::string, const char*>& Units() {
 // Widths of the grid's columns in pixels, chosen so that the whole sheet fits 1024 pixels.
 constexpr int kColumnWidths[kGridCols] = {48, 72, 52, 72, 60, 60, 60, 52, 76, 84, 96, 72, 60, 56};
 
+// The radiator's number, its type and its name read from the left; the numbers from the right.
+std::vector<Qt::Alignment> ColumnAlignments() {
+  std::vector<Qt::Alignment> alignments(kGridCols, Qt::AlignVCenter | Qt::AlignRight);
+  for (const int col : {1, 10, 11}) alignments[col - 1] = Qt::AlignVCenter | Qt::AlignLeft;
+  return alignments;
+}
+
 Field& FieldOf(FrmRavolin& f, const std::string& name) {
   static const std::map<std::string, Field FrmRavolin::*> fields = {
       {"TxtThema", &FrmRavolin::TxtThema},       {"TxtOwnership", &FrmRavolin::TxtOwnership},
@@ -168,7 +175,7 @@ void RenderCombo(QComboBox* widget, const ComboBox& combo) {
 
 void FrmRavolinView::BuildGrid() {
   model_ = new GridModel(
-      logic_.Grid,
+      logic_.Grid, ColumnAlignments(),
       [this](int r, int c, const std::string& t) {
         Run([=, this] { logic_.Grid_EditCell(r, c, t); });
       },
