@@ -9,12 +9,10 @@ InstanceLock::InstanceLock(const std::filesystem::path& programFolder)
 }
 
 Message SecondCopyMessage() {
-  Message m;
-  m.Title = "!! ΠΡΟΣΟΧΗ !!";
-  m.Lines = {"... Το Πρόγραμμα < Ravolinette > εκτελείται ήδη, με τον ίδιο φάκελο εργασίας ...",
-             "... Δύο αντίγραφα θα κατέστρεφαν το ένα τα αρχεία εργασίας του άλλου ...",
-             "... Το Πρόγραμμα τερματίζεται ..."};
-  m.Icon = MessageIcon::Exclamation;
-  m.Beeps = 2;
-  return m;
+  return NoticeBox("!! ΠΡΟΣΟΧΗ !!",
+                   {"... Το Πρόγραμμα < Ravolinette > εκτελείται ήδη, με τον ίδιο φάκελο "
+                    "εργασίας ...",
+                    "... Δύο αντίγραφα θα κατέστρεφαν το ένα τα αρχεία εργασίας του άλλου ...",
+                    "... Το Πρόγραμμα τερματίζεται ..."},
+                   MessageIcon::Exclamation, kSystemBeeps);
 }

@@ -6,23 +6,17 @@
 #include "Workspace.h"
 
 Message FaultMessage(const RuntimeFault& fault, const std::vector<std::string>& unrestored) {
-  Message m;
-  m.Title = "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...";
-  m.Lines.push_back("... " + std::string(FaultText(fault.Code())) + " ...");
-  if (!fault.Detail().empty()) m.Lines.push_back("... " + fault.Detail() + " ...");
+  std::vector<std::string> lines = {"... " + std::string(FaultText(fault.Code())) + " ..."};
+  if (!fault.Detail().empty()) lines.push_back("... " + fault.Detail() + " ...");
   if (unrestored.empty()) {
-    m.Lines.push_back("... Η εντολή διακόπηκε. Τα αρχεία εργασίας έμειναν όπως ήταν ...");
+    lines.push_back("... Η εντολή διακόπηκε. Τα αρχεία εργασίας έμειναν όπως ήταν ...");
   } else {
     std::string names;
     for (const std::string& name : unrestored) names += (names.empty() ? "" : ", ") + name;
-    m.Lines.push_back("... Η εντολή διακόπηκε. ΔΕΝ επανήλθαν τα αρχεία εργασίας : " + names +
-                      " ...");
+    lines.push_back("... Η εντολή διακόπηκε. ΔΕΝ επανήλθαν τα αρχεία εργασίας : " + names + " ...");
   }
-  m.Buttons = MessageButtons::Ok;
-  m.Icon = MessageIcon::Critical;
-  m.Default = Answer::Ok;
-  m.Beeps = 2;
-  return m;
+  return NoticeBox("... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...", std::move(lines), MessageIcon::Critical,
+                   kSystemBeeps);
 }
 
 CommandBoundary::CommandBoundary(Workspace& workspace, Prompter& prompter, StudyState& state)

@@ -1,5 +1,7 @@
 #include "Message.h"
 
+#include <utility>
+
 std::string Message::OneLine() const {
   std::string text = Title;
   for (const auto& line : Lines) {
@@ -19,6 +21,30 @@ std::string AnswerText(Answer answer) {
       break;
   }
   return {};
+}
+
+Message NoticeBox(std::string title, std::vector<std::string> lines, MessageIcon icon, int beeps) {
+  Message m;
+  m.Title = std::move(title);
+  m.Lines = std::move(lines);
+  m.Buttons = MessageButtons::Ok;
+  m.Icon = icon;
+  m.Default = Answer::Ok;
+  m.Beeps = beeps;
+  return m;
+}
+
+Message QuestionBox(std::string title, std::vector<std::string> lines, Answer byDefault,
+                    MessageIcon icon, int beeps) {
+  Message m = NoticeBox(std::move(title), std::move(lines), icon, beeps);
+  m.Buttons = MessageButtons::YesNo;
+  m.Default = byDefault;
+  return m;
+}
+
+void ShowKeepingAnswer(const Message& box, Prompter& prompter, std::string& lastAnswer) {
+  const Answer answer = prompter.Show(box);
+  if (box.IsQuestion()) lastAnswer = AnswerText(answer);
 }
 
 namespace {

@@ -33,6 +33,35 @@ class Prompter {
 // "YES" / "NO" as the system keeps the last answer; empty for an OK box.
 std::string AnswerText(Answer answer);
 
+// The two beeps that come before most boxes of the system.
+inline constexpr int kSystemBeeps = 2;
+
+// The shapes of the system's boxes. A notice has one OK button; a question has Yes and No, and
+// `byDefault` is the button that Enter presses.
+Message NoticeBox(std::string title, std::vector<std::string> lines,
+                  MessageIcon icon = MessageIcon::Exclamation, int beeps = 0);
+Message QuestionBox(std::string title, std::vector<std::string> lines, Answer byDefault,
+                    MessageIcon icon = MessageIcon::Question, int beeps = 0);
+
+// One row of a subsystem's table of boxes: the named code and its box.
+template <class Code>
+struct MessageEntry {
+  Code Id;
+  Message Box;
+};
+
+// The box of `code` in `table`; an empty notice for a code the table lacks.
+template <class Code>
+Message BoxOf(const std::vector<MessageEntry<Code>>& table, Code code) {
+  for (const auto& entry : table)
+    if (entry.Id == code) return entry.Box;
+  return NoticeBox({}, {});
+}
+
+// Shows a box as the system's message routines do: a question leaves "YES" or "NO" in
+// `lastAnswer` for the caller to read and empty; a notice leaves it as it was.
+void ShowKeepingAnswer(const Message& box, Prompter& prompter, std::string& lastAnswer);
+
 // Records every message. A question takes the next queued answer, or its default button
 // when none is queued.
 class ScriptedPrompter : public Prompter {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-// The separators of the user's locale, found once at start (see SystemSeparators.h). They are
-// characters (code points); the shared state keeps them as DecimalSep and ThousandsSep.
+// The separators of the user's locale, found once at start (core/views/SystemSeparators.h).
+// They are characters (code points); the shared state keeps them as DecimalSep and ThousandsSep.
 struct Separators {
   char32_t Decimal = U'.';
   char32_t Thousands = U',';

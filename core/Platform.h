@@ -19,8 +19,6 @@ class Platform {
   virtual Separators NumberSeparators() const = 0;
   // Opens a document in the desktop's viewer (the manual, "RM.pdf").
   virtual void OpenDocument(const std::filesystem::path& file) = 0;
-  // The beeps before most message boxes.
-  virtual void Beep() {}
   // The desktop's dialog for the name of a file to write, opened on `folder` with `filter` in
   // the old form "Special Files (*.sht)|*.sht". Nothing when the engineer cancels.
   virtual std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,

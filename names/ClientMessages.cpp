@@ -1,109 +1,92 @@
 #include "ClientMessages.h"
 
+#include <string_view>
 #include <utility>
-#include <vector>
 
 namespace {
 
 constexpr const char* kWarning = "  ! !   ΠΡΟΣΟΧΗ   ! ! ";
+constexpr const char* kNameMark = "{name}";
 
-Message Box(std::string title, std::vector<std::string> lines, MessageButtons buttons,
-            MessageIcon icon, Answer byDefault) {
-  Message m;
-  m.Title = std::move(title);
-  m.Lines = std::move(lines);
-  m.Buttons = buttons;
-  m.Icon = icon;
-  m.Default = byDefault;
-  m.Beeps = 2;
-  return m;
-}
-
+// The shapes of the names' boxes; every one beeps twice.
 Message Critical(std::vector<std::string> lines) {
-  return Box(kWarning, std::move(lines), MessageButtons::Ok, MessageIcon::Critical, Answer::Ok);
+  return NoticeBox(kWarning, std::move(lines), MessageIcon::Critical, kSystemBeeps);
 }
 
 Message Question(std::string title, std::vector<std::string> lines) {
-  return Box(std::move(title), std::move(lines), MessageButtons::YesNo, MessageIcon::Question,
-             Answer::Yes);
+  return QuestionBox(std::move(title), std::move(lines), Answer::Yes, MessageIcon::Question,
+                     kSystemBeeps);
 }
 
 // A critical question that answers No when Enter is pressed.
 Message CriticalQuestion(std::string title, std::vector<std::string> lines) {
-  return Box(std::move(title), std::move(lines), MessageButtons::YesNo, MessageIcon::Critical,
-             Answer::No);
+  return QuestionBox(std::move(title), std::move(lines), Answer::No, MessageIcon::Critical,
+                     kSystemBeeps);
 }
 
 constexpr const char* kPasswordTrouble = "... ΣΟΒΑΡΟ ΠΡΟΒΛΗΜΑ ΜΕ ΤΑ Passwords ...";
 
 }  // namespace
 
-Message ClientMessage(int16_t code, const std::string& name) {
-  switch (code) {
-    case 1:
-      return Question("... ΠΡΟΣΘΗΚΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...",
-                      {"... Θέλετε να προστεθεί το Νέο Όνομα στη Λίστα ?? ..."});
-    case 2:
-      return Critical({"!! ΔΕΝ έχετε δώσει το Password !!"});
-    case 3:
-      return Critical({"!! Το Password ΔΕΝ ισχύει !!"});
-    case 4:
-      return CriticalQuestion(
-          "... ΔΙΑΓΡΑΦΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΑΠΟ ΤΗ ΛΙΣΤΑ ...",
-          {"... Θέλετε να Διαγραφεί το < Φωτισμένο > Όνομα από τη Λίστα ?? ..."});
-    case 5:
-      return Critical({"... ΔΕΝ μπορώ να διαγράψω τη μοναδική Καταχώρηση ..."});
-    case 6:
-      return Question("... ΠΡΟΣΘΗΚΗ ΔΙΟΡΘΩΜΕΝΟΥ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...",
-                      {"... Θέλετε να Διορθωθεί το Όνομα στη Λίστα ?? ..."});
-    case 7:
-      return Question("... ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ...",
-                      {"... Μελετητής : " + name + " ...", "... ΣΥΜΦΩΝΕΙΤΕ ??? ..."});
-    case 8:
-      return Critical(
-          {"     ... Για < Εκτύπωση μέσω του Προγράμματος (και όχι μέσω του "
-           "Microsot Excel) > ...     ",
-           "... το όνομα του Μελετητή ΔΕΝ πρέπει να περιλαμβάνει περισσότερους από "
-           "50 χαρακτήρες ..."});
-    case 9:
-      return Critical({"... ΔΕΝ έχετε δώσει το Όνομα του Μελετητή ..."});
-    case 13:
-      return Critical({kPasswordTrouble});
-    default:
-      return Critical({});
+const std::vector<MessageEntry<ClientMessage>>& ClientMessageTable() {
+  using enum ClientMessage;
+  static const std::vector<MessageEntry<ClientMessage>> table = {
+      {AddName, Question("... ΠΡΟΣΘΗΚΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...",
+                         {"... Θέλετε να προστεθεί το Νέο Όνομα στη Λίστα ?? ..."})},
+      {NoPassword, Critical({"!! ΔΕΝ έχετε δώσει το Password !!"})},
+      {WrongPassword, Critical({"!! Το Password ΔΕΝ ισχύει !!"})},
+      {DeleteName,
+       CriticalQuestion("... ΔΙΑΓΡΑΦΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΑΠΟ ΤΗ ΛΙΣΤΑ ...",
+                        {"... Θέλετε να Διαγραφεί το < Φωτισμένο > Όνομα από τη Λίστα ?? ..."})},
+      {OnlyEntry, Critical({"... ΔΕΝ μπορώ να διαγράψω τη μοναδική Καταχώρηση ..."})},
+      {CorrectName, Question("... ΠΡΟΣΘΗΚΗ ΔΙΟΡΘΩΜΕΝΟΥ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...",
+                             {"... Θέλετε να Διορθωθεί το Όνομα στη Λίστα ?? ..."})},
+      {ChooseEngineer,
+       Question("... ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ...",
+                {std::string("... Μελετητής : ") + kNameMark + " ...", "... ΣΥΜΦΩΝΕΙΤΕ ??? ..."})},
+      {NameTooLongToPrint,
+       Critical({"     ... Για < Εκτύπωση μέσω του Προγράμματος (και όχι μέσω του "
+                 "Microsot Excel) > ...     ",
+                 "... το όνομα του Μελετητή ΔΕΝ πρέπει να περιλαμβάνει περισσότερους από "
+                 "50 χαρακτήρες ..."})},
+      {NoName, Critical({"... ΔΕΝ έχετε δώσει το Όνομα του Μελετητή ..."})},
+      {PasswordTrouble, Critical({kPasswordTrouble})},
+  };
+  return table;
+}
+
+const std::vector<MessageEntry<PassMessage>>& PassMessageTable() {
+  using enum PassMessage;
+  static const std::vector<MessageEntry<PassMessage>> table = {
+      {PasswordsDiffer, Critical({"... Τα δυο Passwords, που εδώσατε ΔΕΝ συμπίπτουν ..."})},
+      {NoProtection,
+       CriticalQuestion(
+           kWarning,
+           {"... Η πρόσβαση στο Αρχείο Ονομάτων μελετητών, ΔΕΝ θα προστατεύεται με Password ...",
+            "                                     ... Σίγουρα θέλετε κάτι τέτοιο ?? ...        "})},
+      {PasswordTrouble, Critical({kPasswordTrouble})},
+  };
+  return table;
+}
+
+Message ClientMessageBox(ClientMessage code, const std::string& name) {
+  Message box = BoxOf(ClientMessageTable(), code);
+  for (std::string& line : box.Lines) {
+    const std::size_t mark = line.find(kNameMark);
+    if (mark != std::string::npos) line.replace(mark, std::string_view(kNameMark).size(), name);
   }
+  return box;
 }
 
-Message PassMessage(int16_t code) {
-  switch (code) {
-    case 1:
-      return Critical({"... Τα δυο Passwords, που εδώσατε ΔΕΝ συμπίπτουν ..."});
-    case 2:
-      return CriticalQuestion(
-          kWarning,
-          {"... Η πρόσβαση στο Αρχείο Ονομάτων μελετητών, ΔΕΝ θα προστατεύεται με Password ...",
-           "                                     ... Σίγουρα θέλετε κάτι τέτοιο ?? ...        "});
-    case 3:
-      return Critical({kPasswordTrouble});
-    default:
-      return Critical({});
-  }
+Message PassMessageBox(PassMessage code) {
+  return BoxOf(PassMessageTable(), code);
 }
 
-namespace {
-
-void ShowBox(const Message& box, Prompter& prompter, StudyState& state) {
-  const Answer answer = prompter.Show(box);
-  if (box.IsQuestion()) state.LastAnswer = AnswerText(answer);
-}
-
-}  // namespace
-
-void ShowClientMessage(int16_t code, Prompter& prompter, StudyState& state,
+void ShowClientMessage(ClientMessage code, Prompter& prompter, StudyState& state,
                        const std::string& name) {
-  ShowBox(ClientMessage(code, name), prompter, state);
+  ShowKeepingAnswer(ClientMessageBox(code, name), prompter, state.LastAnswer);
 }
 
-void ShowPassMessage(int16_t code, Prompter& prompter, StudyState& state) {
-  ShowBox(PassMessage(code), prompter, state);
+void ShowPassMessage(PassMessage code, Prompter& prompter, StudyState& state) {
+  ShowKeepingAnswer(PassMessageBox(code), prompter, state.LastAnswer);
 }

@@ -41,7 +41,7 @@ void FrmCLPass::CmdOK_Click() {
 
 void FrmCLPass::CheckExisting() {
   if (Trim(TxtPass.Text) != kept_) {
-    ShowPassMessage(3, prompter_, st_);
+    ShowPassMessage(PassMessage::PasswordTrouble, prompter_, st_);
     return;
   }
   Pass(kept_);
@@ -50,11 +50,11 @@ void FrmCLPass::CheckExisting() {
 void FrmCLPass::TakeNew() {
   const std::string entry = Trim(TxtPass.Text);
   if (entry != Trim(TxtPassOK.Text)) {
-    ShowPassMessage(1, prompter_, st_);
+    ShowPassMessage(PassMessage::PasswordsDiffer, prompter_, st_);
     return;
   }
   if (entry.empty()) {
-    ShowPassMessage(2, prompter_, st_);
+    ShowPassMessage(PassMessage::NoProtection, prompter_, st_);
     const std::string answer = st_.LastAnswer;
     st_.LastAnswer.clear();
     if (answer != "YES") return;

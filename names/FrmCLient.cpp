@@ -120,7 +120,7 @@ void FrmCLient::Cmd_Copy_Click() {
   SetEntryText(HighlightedName());
 }
 
-std::string FrmCLient::Ask(int16_t code, const std::string& name) {
+std::string FrmCLient::Ask(ClientMessage code, const std::string& name) {
   ShowClientMessage(code, prompter_, st_, name);
   std::string answer = st_.LastAnswer;
   st_.LastAnswer.clear();
@@ -135,7 +135,7 @@ bool FrmCLient::StoredPasswordMissing() {
 
 void FrmCLient::Cmd_OK_Click() {
   if (StoredPasswordMissing()) {
-    Ask(2);
+    Ask(ClientMessage::NoPassword);
     return;
   }
   if (!Txt_Client.Visible) {
@@ -144,15 +144,17 @@ void FrmCLient::Cmd_OK_Click() {
     return;
   }
   if (Trim(Txt_Pass.Text) != kept_) {
-    Ask(2);  // kept on purpose: the box of a missing password, not of a wrong one
+    // Kept on purpose: the box of a missing password, not of a wrong one.
+    Ask(ClientMessage::NoPassword);
     return;
   }
   const std::string name = Trim(Txt_Client.Text);
   if (name.empty()) {
-    Ask(9);
+    Ask(ClientMessage::NoName);
     return;
   }
-  if (Ask(CorrectionMode() ? 6 : 1) == "YES") KeepEntryInList(name);
+  if (Ask(CorrectionMode() ? ClientMessage::CorrectName : ClientMessage::AddName) == "YES")
+    KeepEntryInList(name);
   ChooseEngineer(name);
 }
 
@@ -192,7 +194,7 @@ void FrmCLient::CorrectInFile(int record, const std::string& name) {
 }
 
 void FrmCLient::ChooseEngineer(const std::string& name) {
-  if (Ask(7, name) != "YES") return;
+  if (Ask(ClientMessage::ChooseEngineer, name) != "YES") return;
   st_.CurrentEngineer = Trim(name);
   ShowCurrentEngineer();
   CloseScreen();
@@ -204,12 +206,12 @@ void FrmCLient::ShowCurrentEngineer() {
 
 void FrmCLient::Cmd_Del_Click() {
   if (Lst_Names.Items.size() <= 1) {
-    Ask(5);
+    Ask(ClientMessage::OnlyEntry);
     return;
   }
   const int index = Lst_Names.SelectedIndex();
   if (index < 0) return;
-  if (Ask(4) != "YES") return;
+  if (Ask(ClientMessage::DeleteName) != "YES") return;
   Lst_Names.Items.erase(Lst_Names.Items.begin() + index);
   Lst_Names.Selected.erase(Lst_Names.Selected.begin() + index);
   records_.erase(records_.begin() + index);
@@ -220,7 +222,7 @@ void FrmCLient::Cmd_Del_Click() {
 
 void FrmCLient::Cmd_Lock_Click() {
   if (Trim(Txt_Pass.Text) != kept_) {
-    Ask(3);
+    Ask(ClientMessage::WrongPassword);
     return;
   }
   FrmCLPass check(FrmCLPass::Mode::Check, kept_, prompter_, st_);

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "ClientMessages.h"
 #include "Message.h"
 #include "ScreenKit.h"
 #include "StudyState.h"
@@ -61,7 +62,7 @@ class FrmCLient : public Dialog<FrmCLient> {
   void ChooseEngineer(const std::string& name);
   void ShowCurrentEngineer();
   // Asks and leaves the answer, emptied from the shared state.
-  std::string Ask(int16_t code, const std::string& name = {});
+  std::string Ask(ClientMessage code, const std::string& name = {});
   void CloseScreen();
   std::function<void()> KeepOwnState() override;
 

@@ -3,6 +3,7 @@
 #include "Checked.h"
 #include "Cp1253.h"
 #include "FrmRavoSheets.h"
+#include "RavoMessages.h"
 
 namespace {
 
@@ -11,17 +12,6 @@ constexpr char32_t kEnter = 13;
 constexpr int kLowestRoomTemp = 8;
 constexpr int kHighestRoomTemp = 30;
 constexpr const char* kDefaultRoomTemp = "20";
-
-Message SameSheetQuestion() {
-  Message m;
-  m.Title = "!! ΠΡΟΣΟΧΗ !!";
-  m.Lines = {"!! ΥΠΑΡΧΟΥΝ ΚΑΙ ΑΛΛΕΣ ΚΑΤΑΧΩΡΗΣΕΙΣ ΣΤΟ ΠΑΡΟΝ ΦΥΛΛΟ !!",
-             "... Θέλετε αυτές να Διαγραφούν (Yes) ή να Παραμείνουν (No) ?? ..."};
-  m.Buttons = MessageButtons::YesNo;
-  m.Icon = MessageIcon::Question;
-  m.Default = Answer::Yes;
-  return m;
-}
 
 }  // namespace
 
@@ -142,7 +132,7 @@ void FrmRavoAdd::CmdCancel_Click() {
 
 void FrmRavoAdd::CmdSame_Click() {
   if (sheet_.CountSheets() == 0) return;
-  if (sheet_.Rows().DataRowCount() > 0 && prompter_.Show(SameSheetQuestion()) == Answer::Yes)
+  if (sheet_.Rows().DataRowCount() > 0 && prompter_.Show(RavoMessageBox(RavoMessage::OtherRowsOnSheet)) == Answer::Yes)
     sheet_.DeleteSpreadData();
   FrmRavoSheets sheets(sheet_, st_, prompter_);
   sheets.Open(screens_);

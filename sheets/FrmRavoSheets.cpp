@@ -41,7 +41,7 @@ void FrmRavoSheets::CmdOK_Click() {
     }
   }
   if (static_cast<int>(rows.size()) + sheet_.Rows().DataRowCount() > sheet_.Rows().MaxRows()) {
-    RavoMessages(-7, prompter_, st_);
+    RavoMessages(RavoMessage::EightRadiatorsAlready, prompter_, st_);
     Close();
     return;
   }

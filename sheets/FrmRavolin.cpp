@@ -24,16 +24,6 @@ void Guarded(CommandBoundary& boundary, F&& step) {
   }
 }
 
-Message ResolutionMessage() {
-  Message m;
-  m.Title = "... ΠΡΟΣΟΧΗ ...";
-  m.Lines = {"... Η Ανάλυση της Οθόνης, πρέπει να είναι τουλάχιστον 1024 x 768 ...",
-             "... για σωστή απεικόνιση των Οθονών τού Προγράμματος ..."};
-  m.Icon = MessageIcon::Exclamation;
-  m.Beeps = 2;
-  return m;
-}
-
 // The characters of a text as the old run-time counted them (one per character).
 std::u32string Chars(const std::string& text) {
   return Utf8ToU32(text);
@@ -188,7 +178,8 @@ void FrmRavolin::Form_Load() {
 void FrmRavolin::TestResolution() {
   // Kept on purpose: only a display short in both directions is warned about.
   const DisplaySize display = platform_.Display();
-  if (display.Width < 1024 && display.Height < 768) prompter_.Show(ResolutionMessage());
+  if (display.Width < 1024 && display.Height < 768)
+    prompter_.Show(RavoMessageBox(RavoMessage::ScreenTooSmall));
 }
 
 void FrmRavolin::BuildGrid() {
@@ -261,7 +252,7 @@ void FrmRavolin::LookForStudyLeftBehind() {
   if (sheetsWithoutRows || emptySheets) KillRavoTemporaries(ws_);
 }
 
-bool FrmRavolin::AskYes(int16_t code) {
+bool FrmRavolin::AskYes(RavoMessage code) {
   RavoMessages(code, prompter_, st_);
   const bool yes = st_.LastAnswer == "YES";
   st_.LastAnswer.clear();

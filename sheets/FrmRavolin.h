@@ -15,6 +15,7 @@
 #include "ScreenKit.h"
 #include "SheetOnScreen.h"
 #include "SheetRecords.h"
+#include "RavoMessages.h"
 #include "StudyState.h"
 #include "TextGrid.h"
 #include "Workspace.h"
@@ -221,7 +222,7 @@ class FrmRavolin : public Screen<FrmRavolin>, public SheetOnScreen {
   // Asks message -5 on a calculated sheet; true when the command may go on (results discarded).
   bool DiscardAfterQuestion();
   // Shows the question of a code; true on "YES". LastAnswer is read and emptied here.
-  bool AskYes(int16_t code);
+  bool AskYes(RavoMessage code);
   // The header values that every record of the sheet carries, as SaveTemporarData reads them.
   struct SheetHeader {
     std::string Thema, Ownership, LoopNo, PipeName;
@@ -266,7 +267,7 @@ class FrmRavolin : public Screen<FrmRavolin>, public SheetOnScreen {
   std::function<void()> KeepOwnState() override;
   // A range check of the temperature fields on focus loss (messages -13 and -14).
   void CheckTemperatureField(Field& field, float& oldValue, double low,
-                             double high, int16_t rangeMessage);
+                             double high, RavoMessage rangeMessage);
   void DiscardResults(bool withLoopData);
   void RewriteThemaInRecords(const std::string& thema);
   bool AcceptsDigits(char32_t ch, bool decimalSeparator);

@@ -17,34 +17,6 @@ constexpr const char* kLoadFormat = "#,###";
 constexpr const char* kTemperatureFormat = "#,##0.0";
 constexpr const char* kFactorFormat = "#,##0.00";
 
-Message RadiatorTooSmallMessage() {
-  Message m;
-  m.Title = "... ! ΔΕΝ ΘΑ ΓΙΝΟΥΝ ΟΙ ΥΠΟΛΟΓΙΣΜΟΙ";
-  m.Lines = {"... Ο τύπος τού Σώματος, που έχει επιλεγεί ...",
-             "... ΔΕΝ ΕΠΑΡΚΕΙ για την κάλυψη των Θερμικών αναγκών ...",
-             "... ΟΙ ΥΠΟΛΟΓΙΣΜΟΙ ΣΤΑΜΑΤΟΥΝ !..."};
-  m.Icon = MessageIcon::Exclamation;
-  return m;
-}
-
-Message IncompleteRowMessage(const std::string& line) {
-  Message m;
-  m.Title = "... ΕΛΛΙΠΗΣ ΚΑΤΑΧΩΡΗΣΗ ...";
-  m.Lines = {line};
-  m.Icon = MessageIcon::Exclamation;
-  return m;
-}
-
-Message ExcessiveLoadMessage() {
-  Message m;
-  m.Title = "... ΥΠΕΡΒΟΛΙΚΑ ΦΟΡΤΙΑ ΣΤΟΝ ΒΡΟΧΟ ...";
-  m.Lines = {"... Για μια ισορροπημένη Μελέτη το Συνολικό Φορτίο των Σωμάτων τού Βρόχου ...",
-             "... ΔΕΝ πρέπει να υπερβαίνει τα 8.000 [Kcal/h] !...",
-             "... ΑΦΑΙΡΕΣΤΕ ΣΩΜΑΤΑ ΑΠΟ ΤΟΝ ΒΡΟΧΟ ή ΑΛΛΑΞΤΕ ΤΗΝ ΔΟΜΗ ΤΟΥ ΒΡΟΧΟΥ ..."};
-  m.Icon = MessageIcon::Exclamation;
-  return m;
-}
-
 // Clears a flag of the screen when the scope ends, however it ends.
 class FlagScope {
  public:
@@ -74,24 +46,24 @@ void FrmRavolin::CmdCalc_Click() {
 
 void FrmRavolin::Calc() {
   if (Trim(TxtOwnership.Text).empty()) {
-    RavoMessages(-2, prompter_, st_);
+    RavoMessages(RavoMessage::NoOwnership, prompter_, st_);
     FocusOn(TxtOwnership);
     return;
   }
   if (Trim(TxtLoopNo.Text).empty()) {
-    RavoMessages(-3, prompter_, st_);
+    RavoMessages(RavoMessage::NoLoopNumber, prompter_, st_);
     FocusOn(TxtLoopNo);
     return;
   }
   if (st_.Parse(TxtLoopLength.Text) == 0) {
-    RavoMessages(-4, prompter_, st_);
+    RavoMessages(RavoMessage::NoLoopLength, prompter_, st_);
     FocusOn(TxtLoopLength);
     return;
   }
   int16_t lastRow = 0;
   GetLastDataRow(lastRow);
   if (lastRow == 0) {
-    RavoMessages(-1, prompter_, st_);
+    RavoMessages(RavoMessage::MissingEntries, prompter_, st_);
     FocusOn(Grid);
     return;
   }
@@ -99,7 +71,7 @@ void FrmRavolin::Calc() {
   for (int row = 1; row <= lastRow; ++row) {
     for (int col : {1, 2, 3, 10}) {
       if (Trim(Grid.Text(row, col)).empty()) {
-        RavoMessages(-1, prompter_, st_);
+        RavoMessages(RavoMessage::MissingEntries, prompter_, st_);
         FocusOn(Grid);
         return;
       }
@@ -210,7 +182,7 @@ void FrmRavolin::RebuildRunningSum() {
 
 void FrmRavolin::RadiatorTooSmall(int row) {
   Grid.SetBlock(CellBlock{1, row, kGridCols, row});
-  prompter_.Show(RadiatorTooSmallMessage());
+  prompter_.Show(RavoMessageBox(RavoMessage::RadiatorTooSmall));
   st_.StudyChanged = -1;
   DeleteResultsCells();
   st_.Calculated = 0;
@@ -278,7 +250,8 @@ void FrmRavolin::GetTotalSheetLoaD(float& total, float& real) {
 // The test before the sheet is left: only a complete, calculated sheet may be left. -2: a
 // header field was missing and has been reported; -1: the caller reports (message -6).
 void FrmRavolin::CheckIfOkToProceed() {
-  const std::pair<Field*, int16_t> header[] = {{&TxtOwnership, -2}, {&TxtLoopNo, -3}};
+  const std::pair<Field*, RavoMessage> header[] = {{&TxtOwnership, RavoMessage::NoOwnership},
+                                                  {&TxtLoopNo, RavoMessage::NoLoopNumber}};
   for (const auto& [field, code] : header) {
     if (!Trim(field->Text).empty()) continue;
     RavoMessages(code, prompter_, st_);
@@ -287,7 +260,7 @@ void FrmRavolin::CheckIfOkToProceed() {
     return;
   }
   if (st_.Parse(TxtLoopLength.Text) == 0) {
-    RavoMessages(-4, prompter_, st_);
+    RavoMessages(RavoMessage::NoLoopLength, prompter_, st_);
     st_.ErrorFlag = -2;
     FocusOn(TxtLoopLength);
     return;
@@ -329,7 +302,7 @@ void FrmRavolin::CheckWrittenValues(const std::string& mode) {
       col = 10;
     }
     if (fault.empty()) continue;
-    prompter_.Show(IncompleteRowMessage(fault));
+    prompter_.Show(NoticeBox("... ΕΛΛΙΠΗΣ ΚΑΤΑΧΩΡΗΣΗ ...", {fault}));
     st_.ErrorFlag = -1;
     Grid.SetActiveCell(row, col);
     FocusOn(Grid);
@@ -340,7 +313,7 @@ void FrmRavolin::CheckWrittenValues(const std::string& mode) {
   for (int row = 1; row <= rows; ++row) sum = CLng(sum + st_.Parse(Grid.Text(row, 2)));
   if (sum >= 8001) {
     st_.ErrorFlag = -1;
-    prompter_.Show(ExcessiveLoadMessage());
+    prompter_.Show(RavoMessageBox(RavoMessage::ExcessiveLoopLoad));
     FocusOn(Grid);
   }
 }

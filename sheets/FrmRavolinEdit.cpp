@@ -98,7 +98,7 @@ void FrmRavolin::CmdAddSpaces_Click() {
   int16_t lastRow = 0;
   GetLastDataRow(lastRow);
   if (lastRow >= kGridRows) {
-    RavoMessages(-7, prompter_, st_);
+    RavoMessages(RavoMessage::EightRadiatorsAlready, prompter_, st_);
     FocusOn(Grid);
     return;
   }
@@ -109,7 +109,7 @@ void FrmRavolin::CmdAddSpaces_Click() {
 
 // Message -5 on a calculated sheet: "YES" discards the results with the loop's figures.
 bool FrmRavolin::DiscardAfterQuestion() {
-  const bool yes = AskYes(-5);
+  const bool yes = AskYes(RavoMessage::DiscardResults);
   FocusOn(Grid);
   if (yes) DiscardResults(true);
   return yes;
@@ -120,7 +120,7 @@ void FrmRavolin::CmdRemoveSpaces_Click() {
   const int row = Grid.ActiveRow();
   const int rows = Grid.DataRowCount();
   if (rows == 0 || row > rows) return;
-  if (!AskYes(-9)) return;
+  if (!AskYes(RavoMessage::DeleteEntry)) return;
   if (st_.Calculated != 0) DiscardResults(false);
   SaveTemporarData();
   Grid.DeleteRow(row);

@@ -169,7 +169,7 @@ void FrmRavolin::CboSomata_Click() {
     FillSomaCategoryCombos();
     return;
   }
-  if (!AskYes(-5)) {
+  if (!AskYes(RavoMessage::DiscardResults)) {
     int16_t index = 0;
     GetListIndex(inUse, index);
     cboSomataGoingBack_ = true;

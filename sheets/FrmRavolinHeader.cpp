@@ -85,7 +85,7 @@ bool FrmRavolin::TxtTempDrop_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
 }
 void FrmRavolin::TxtTempDrop_LostFocus() {
-  CheckTemperatureField(TxtTempDrop, OldTempDrop, 8, 30, -13);
+  CheckTemperatureField(TxtTempDrop, OldTempDrop, 8, 30, RavoMessage::TempDropOutOfRange);
 }
 
 void FrmRavolin::TxtOrigTemp_GotFocus() {
@@ -95,12 +95,12 @@ bool FrmRavolin::TxtOrigTemp_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
 }
 void FrmRavolin::TxtOrigTemp_LostFocus() {
-  CheckTemperatureField(TxtOrigTemp, OldOrigTemp, 30, 90, -14);
+  CheckTemperatureField(TxtOrigTemp, OldOrigTemp, 30, 90, RavoMessage::InletTempOutOfRange);
 }
 
 // Out of range: the message, the old value back, the focus stays. In range but
 // changed on a calculated sheet: question -5; "NO" puts the old value back.
-void FrmRavolin::CheckTemperatureField(Field& field, float& oldValue, double low, double high, int16_t rangeMessage) {
+void FrmRavolin::CheckTemperatureField(Field& field, float& oldValue, double low, double high, RavoMessage rangeMessage) {
   const double value = st_.Parse(field.Text);
   if (value < low || value > high) {
     RavoMessages(rangeMessage, prompter_, st_);
@@ -109,7 +109,7 @@ void FrmRavolin::CheckTemperatureField(Field& field, float& oldValue, double low
     return;
   }
   if (static_cast<float>(value) == oldValue || !st_.Calculated) return;
-  const bool discard = AskYes(-5);
+  const bool discard = AskYes(RavoMessage::DiscardResults);
   if (discard)
     DiscardResults(true);
   else

@@ -42,7 +42,7 @@ void FrmRavolin::CmdNext_Click() {
     return;
   }
   CheckIfOkToProceed();
-  if (st_.ErrorFlag == -1) RavoMessages(-6, prompter_, st_);
+  if (st_.ErrorFlag == -1) RavoMessages(RavoMessage::IncompleteData, prompter_, st_);
   if (st_.ErrorFlag != 0) {
     st_.ErrorFlag = 0;
     FocusOn(Grid);
@@ -87,7 +87,7 @@ void FrmRavolin::GoBackTo(int16_t target, bool alreadyThere) {
   }
   CheckIfOkToProceed();
   if (st_.ErrorFlag == -1) {
-    RavoMessages(-6, prompter_, st_);
+    RavoMessages(RavoMessage::IncompleteData, prompter_, st_);
     st_.ErrorFlag = 0;
     return;
   }

@@ -85,7 +85,7 @@ void FrmRavolin::SaveEmptySheet() {
     return;
   }
   if (size == 0) ws_.Delete(SheetsFile.Name);
-  if (AskYes(-12)) CmdDeleteSheet_Click();
+  if (AskYes(RavoMessage::NoDataOnSheet)) CmdDeleteSheet_Click();
   FocusOn(Grid);
 }
 
@@ -384,14 +384,11 @@ std::vector<bool> FrmRavolin::PutLoopsOfSheetOnScreen(int16_t sheet) {
 // A record whose number field disagrees with its place: the sheet is shown under its place,
 // so that saving it never writes over another sheet, and the engineer is told.
 void FrmRavolin::SheetNumberDisagrees(int16_t sheet, int16_t written) {
-  Message m;
-  m.Title = "!! ΠΡΟΣΟΧΗ !!";
-  m.Lines = {
-      "... Το Φύλλο Υπολογισμών Νο : < " + std::to_string(sheet) +
-          " > είναι γραμμένο στο αρχείο ως Νο : < " + std::to_string(written) + " > ...",
-      "... Εμφανίζεται και θα αποθηκευθεί ως Φύλλο Νο : < " + std::to_string(sheet) + " > ..."};
-  m.Icon = MessageIcon::Exclamation;
-  prompter_.Show(m);
+  prompter_.Show(NoticeBox(
+      "!! ΠΡΟΣΟΧΗ !!",
+      {"... Το Φύλλο Υπολογισμών Νο : < " + std::to_string(sheet) +
+           " > είναι γραμμένο στο αρχείο ως Νο : < " + std::to_string(written) + " > ...",
+       "... Εμφανίζεται και θα αποθηκευθεί ως Φύλλο Νο : < " + std::to_string(sheet) + " > ..."}));
   Txta_a.Text = std::to_string(sheet);
 }
 

@@ -41,7 +41,7 @@ void FrmRavolin::CmdDeleteSheet_Click() {
     FocusOn(Grid);
     return;
   }
-  if (!AskYes(-11)) {
+  if (!AskYes(RavoMessage::DeleteWholeSheet)) {
     FocusOn(Grid);
     return;
   }

@@ -15,32 +15,12 @@ namespace {
 const std::string kStudyFilter =
     std::string("Special Files (*") + kStudyExtension + ")|*" + kStudyExtension;
 
-Message NewStudyQuestion() {
-  Message m;
-  m.Title = "...!! ΠΡΟΣΟΧΗ  !!...";
-  m.Lines = {"... Τα Δεδομένα θα χαθούν, προκειμένου να δημιουργηθεί μια Νέα Μελέτη ...",
-             "... Να προχωρήσω στη Νέα Μελέτη ; ..."};
-  m.Buttons = MessageButtons::YesNo;
-  m.Icon = MessageIcon::Question;
-  m.Default = Answer::No;
-  return m;
-}
-
 // The name with its last four characters replaced by `extension` (".lps", ".rvf").
 std::string SisterFile(const std::string& fileName, const char* extension) {
   std::u32string name = Utf8ToU32(fileName);
   if (name.size() < 4) throw RuntimeFault(FaultCode::InvalidCall, "ΑΡΧΕΙΟ \"" + fileName + "\"");
   name.resize(name.size() - 4);
   return U32ToUtf8(name) + extension;
-}
-
-Message NotAStudyMessage(const std::string& fileName) {
-  Message m;
-  m.Title = "!! ΠΡΟΣΟΧΗ !!";
-  m.Lines = {"... Το αρχείο < " + fileName + " > ΔΕΝ είναι αρχείο Μελέτης ...",
-             "... Η τρέχουσα Μελέτη έμεινε όπως ήταν ..."};
-  m.Icon = MessageIcon::Exclamation;
-  return m;
 }
 
 bool EndsWithStudyExtension(const std::string& name) {
@@ -89,7 +69,8 @@ void FrmRavolin::SaveAsFile(std::string fileName) {
 // begun on a later sheet starts with gaps.
 void FrmRavolin::CmdNew_Click() {
   FocusOn(Grid);
-  if (Grid.DataRowCount() > 0 && prompter_.Show(NewStudyQuestion()) != Answer::Yes) return;
+  if (Grid.DataRowCount() > 0 && prompter_.Show(RavoMessageBox(RavoMessage::NewStudyLosesData)) != Answer::Yes)
+    return;
   OfferToSave();
   KillRavoTemporaries(ws_);
   st_.InitializeVariables();
@@ -107,7 +88,8 @@ void FrmRavolin::CmdNew_Click() {
 // Message -10 when the study has changed since it was last saved and the sheet holds results;
 // true when the engineer chose to save.
 bool FrmRavolin::OfferToSave() {
-  if (st_.StudyChanged == 0 || st_.Calculated == 0 || !AskYes(-10)) return false;
+  if (st_.StudyChanged == 0 || st_.Calculated == 0 || !AskYes(RavoMessage::StudyNotSaved))
+    return false;
   CmdSave_Click();
   return true;
 }
@@ -145,7 +127,10 @@ bool FrmRavolin::LooksLikeAStudy(const std::string& fileName) {
   if (whole &&
       RecordFile<SheetRecord>(ws_.PathOf(fileName), RecordFileMode::ReadOnly).Read(1).SheetNo == 1)
     return true;
-  prompter_.Show(NotAStudyMessage(std::filesystem::path(fileName).filename().string()));
+  const std::string name = std::filesystem::path(fileName).filename().string();
+  prompter_.Show(
+      NoticeBox("!! ΠΡΟΣΟΧΗ !!", {"... Το αρχείο < " + name + " > ΔΕΝ είναι αρχείο Μελέτης ...",
+                                  "... Η τρέχουσα Μελέτη έμεινε όπως ήταν ..."}));
   return false;
 }
 

@@ -2,8 +2,12 @@
 
 #include <QRegularExpression>
 
-GridModel::GridModel(TextGrid& grid, EditHandler onEdit, QObject* parent)
-    : QAbstractTableModel(parent), grid_(grid), onEdit_(std::move(onEdit)) {}
+GridModel::GridModel(TextGrid& grid, std::vector<Qt::Alignment> columnAlignments,
+                     EditHandler onEdit, QObject* parent)
+    : QAbstractTableModel(parent),
+      grid_(grid),
+      alignments_(std::move(columnAlignments)),
+      onEdit_(std::move(onEdit)) {}
 
 int GridModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : grid_.MaxRows();
@@ -17,11 +21,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == Qt::DisplayRole || role == Qt::EditRole)
     return QString::fromStdString(grid_.Text(index.row() + 1, index.column() + 1));
-  if (role == Qt::TextAlignmentRole)
-    return QVariant::fromValue(Qt::AlignVCenter |
-                               (index.column() == 0 || index.column() == 9 || index.column() == 10
-                                    ? Qt::AlignLeft
-                                    : Qt::AlignRight));
+  if (role == Qt::TextAlignmentRole && index.column() < static_cast<int>(alignments_.size()))
+    return QVariant::fromValue(alignments_[index.column()]);
   return {};
 }
 

@@ -24,10 +24,6 @@ void QtPlatform::OpenDocument(const std::filesystem::path& file) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file.string())));
 }
 
-void QtPlatform::Beep() {
-  QApplication::beep();
-}
-
 // "Special Files (*.sht)|*.sht" becomes Qt's "Special Files (*.sht)".
 std::optional<std::filesystem::path> QtPlatform::AskSaveFile(const std::filesystem::path& folder,
                                                              const std::string& filter) {

@@ -1,6 +1,6 @@
 #pragma once
 // The desktop under the logic: the primary screen's size, the locale's separators, the PDF
-// viewer of the desktop and the beep.
+// viewer of the desktop and its file dialogs.
 #include "Platform.h"
 
 class QtPlatform : public Platform {
@@ -8,7 +8,6 @@ class QtPlatform : public Platform {
   DisplaySize Display() const override;
   Separators NumberSeparators() const override;
   void OpenDocument(const std::filesystem::path& file) override;
-  void Beep() override;
   std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
                                                    const std::string& filter) override;
   std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder,

@@ -135,15 +135,17 @@ QWidget* ViewKit::MakeWidget(const std::string& name, Control& c) {
       return button;
     }
     case ControlKind::Grid:
-      return MakeGrid(c);
+      return MakeGrid(name, c);
   }
   return new QLabel(&view_);
 }
 
-QWidget* ViewKit::MakeGrid(Control& c) {
+QWidget* ViewKit::MakeGrid(const std::string& name, Control& c) {
   TextGrid& grid = *c.Grid;
+  std::vector<Qt::Alignment> alignments(grid.MaxCols(), Qt::AlignVCenter | Qt::AlignRight);
+  if (const auto at = alignments_.find(name); at != alignments_.end()) alignments = at->second;
   auto* model = new GridModel(
-      grid,
+      grid, alignments,
       [this, edit = c.EditCell](int r, int col, const std::string& t) {
         if (edit) Run([=] { edit(r, col, t); });
       },

@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "CommandBoundary.h"
 #include "Controls.h"
@@ -30,6 +31,11 @@ class ViewKit : public QObject {
   template <class W>
   W* Make(const std::string& name) {
     return static_cast<W*>(Make(name));
+  }
+  // How the columns of a grid are aligned, one entry a column, before the grid is made; by
+  // default every column reads from the right.
+  void AlignColumns(const std::string& grid, std::vector<Qt::Alignment> alignments) {
+    alignments_[grid] = std::move(alignments);
   }
   // The widget made for a control, or null.
   QWidget* Widget(const std::string& name) const;
@@ -52,7 +58,7 @@ class ViewKit : public QObject {
 
  private:
   QWidget* MakeWidget(const std::string& name, Control& control);
-  QWidget* MakeGrid(Control& control);
+  QWidget* MakeGrid(const std::string& name, Control& control);
   void RenderOne(QWidget* widget, const Control& control);
 
   QWidget& view_;
@@ -60,6 +66,7 @@ class ViewKit : public QObject {
   CommandBoundary& boundary_;
   std::map<std::string, QWidget*> widgets_;
   std::map<QWidget*, GridModel*> models_;
+  std::map<std::string, std::vector<Qt::Alignment>> alignments_;
   std::function<void()> afterRun_;
   bool rendering_ = false;
 };

@@ -47,6 +47,13 @@ constexpr const char* kSheetCommands[] = {"CmdFirst", "CmdPrev", "CmdNext", "Cmd
                                           "CmdDeleteSheet", "CmdSave", "CmdOpen", "CmdNew",
                                           "Cmd_Client"};
 
+// The radiator's number, its type and its name read from the left; the numbers from the right.
+std::vector<Qt::Alignment> ColumnAlignments() {
+  std::vector<Qt::Alignment> alignments(kGridCols, Qt::AlignVCenter | Qt::AlignRight);
+  for (const int col : {1, 10, 11}) alignments[col - 1] = Qt::AlignVCenter | Qt::AlignLeft;
+  return alignments;
+}
+
 }  // namespace
 
 FrmRavolinView::FrmRavolinView(FrmRavolin& logic, CommandBoundary& boundary, QWidget* parent)
@@ -58,6 +65,7 @@ FrmRavolinView::FrmRavolinView(FrmRavolin& logic, CommandBoundary& boundary, QWi
   header->setVerticalSpacing(4);
   BuildHeader(header);
   layout->addLayout(header);
+  kit_.AlignColumns("Grid", ColumnAlignments());
   BuildGrid();
   layout->addWidget(kit_.Make("Grid"));
   layout->addLayout(BuildCommands());

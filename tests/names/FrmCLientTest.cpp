@@ -2,6 +2,8 @@
 // command raises, in order, and the list left on disk.
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "ClientMessages.h"
 #include "ClientRecord.h"
 #include "FrmCLPass.h"
@@ -54,54 +56,51 @@ class FrmCLientTest : public ::testing::Test {
   std::unique_ptr<FrmCLient> form;
 };
 
-const std::string kMessage1 = ClientMessage(1).Lines.front();
-const std::string kMessage2 = ClientMessage(2).Lines.front();
-const std::string kMessage3 = ClientMessage(3).Lines.front();
-const std::string kMessage4 = ClientMessage(4).Lines.front();
-const std::string kMessage5 = ClientMessage(5).Lines.front();
-const std::string kMessage6 = ClientMessage(6).Lines.front();
+const std::string kMessage1 = ClientMessageBox(ClientMessage::AddName).Lines.front();
+const std::string kMessage2 = ClientMessageBox(ClientMessage::NoPassword).Lines.front();
+const std::string kMessage3 = ClientMessageBox(ClientMessage::WrongPassword).Lines.front();
+const std::string kMessage4 = ClientMessageBox(ClientMessage::DeleteName).Lines.front();
+const std::string kMessage5 = ClientMessageBox(ClientMessage::OnlyEntry).Lines.front();
+const std::string kMessage6 = ClientMessageBox(ClientMessage::CorrectName).Lines.front();
 
 std::string Choice(const std::string& name) {
-  return ClientMessage(7, name).Lines.front();
+  return ClientMessageBox(ClientMessage::ChooseEngineer, name).Lines.front();
 }
 
-TEST(ClientMessagesTest, TitlesButtonsAndDefaultsOfBothTables) {
-  struct Case {
-    Message box;
-    const char* title;
-    MessageButtons buttons;
-    MessageIcon icon;
-    Answer byDefault;
+// What each box does: which codes ask and what Enter answers there; every box beeps twice.
+TEST(ClientMessagesTest, WhichCodesAskAndWhatEnterAnswers) {
+  struct Rule {
+    MessageButtons Buttons;
+    MessageIcon Icon;
+    Answer Default;
   };
-  const char* warning = "  ! !   ΠΡΟΣΟΧΗ   ! ! ";
-  const Case cases[] = {
-      {ClientMessage(1), "... ΠΡΟΣΘΗΚΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...", MessageButtons::YesNo,
-       MessageIcon::Question, Answer::Yes},
-      {ClientMessage(2), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
-      {ClientMessage(4), "... ΔΙΑΓΡΑΦΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΑΠΟ ΤΗ ΛΙΣΤΑ ...", MessageButtons::YesNo,
-       MessageIcon::Critical, Answer::No},
-      {ClientMessage(6), "... ΠΡΟΣΘΗΚΗ ΔΙΟΡΘΩΜΕΝΟΥ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΣΤΗ ΛΙΣΤΑ ...",
-       MessageButtons::YesNo, MessageIcon::Question, Answer::Yes},
-      {ClientMessage(7, "Χ"), "... ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ...", MessageButtons::YesNo,
-       MessageIcon::Question, Answer::Yes},
-      {ClientMessage(13), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
-      {PassMessage(1), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
-      {PassMessage(2), warning, MessageButtons::YesNo, MessageIcon::Critical, Answer::No},
-      {PassMessage(3), warning, MessageButtons::Ok, MessageIcon::Critical, Answer::Ok},
+  const Rule asks{MessageButtons::YesNo, MessageIcon::Question, Answer::Yes};
+  const Rule warnsAndAsks{MessageButtons::YesNo, MessageIcon::Critical, Answer::No};
+  const Rule refuses{MessageButtons::Ok, MessageIcon::Critical, Answer::Ok};
+  const std::map<ClientMessage, Rule> listRules = {
+      {ClientMessage::AddName, asks},          {ClientMessage::NoPassword, refuses},
+      {ClientMessage::WrongPassword, refuses}, {ClientMessage::DeleteName, warnsAndAsks},
+      {ClientMessage::OnlyEntry, refuses},     {ClientMessage::CorrectName, asks},
+      {ClientMessage::ChooseEngineer, asks},   {ClientMessage::NameTooLongToPrint, refuses},
+      {ClientMessage::NoName, refuses},        {ClientMessage::PasswordTrouble, refuses}};
+  const std::map<PassMessage, Rule> passRules = {{PassMessage::PasswordsDiffer, refuses},
+                                                 {PassMessage::NoProtection, warnsAndAsks},
+                                                 {PassMessage::PasswordTrouble, refuses}};
+  const auto check = [](const Message& box, const Rule& rule) {
+    SCOPED_TRACE(box.OneLine());
+    EXPECT_EQ(box.Buttons, rule.Buttons);
+    EXPECT_EQ(box.Icon, rule.Icon);
+    EXPECT_EQ(box.Default, rule.Default);
+    EXPECT_EQ(box.Beeps, 2);
+    EXPECT_FALSE(box.Lines.empty());
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.box.OneLine());
-    EXPECT_EQ(c.box.Title, c.title);
-    EXPECT_EQ(c.box.Buttons, c.buttons);
-    EXPECT_EQ(c.box.Icon, c.icon);
-    EXPECT_EQ(c.box.Default, c.byDefault);
-    EXPECT_EQ(c.box.Beeps, 2);
-  }
+  ASSERT_EQ(ClientMessageTable().size(), listRules.size());
+  for (const auto& [code, box] : ClientMessageTable()) check(box, listRules.at(code));
+  ASSERT_EQ(PassMessageTable().size(), passRules.size());
+  for (const auto& [code, box] : PassMessageTable()) check(box, passRules.at(code));
   EXPECT_EQ(
-      ClientMessage(7, "Κ. Νικολάου").Lines,
+      ClientMessageBox(ClientMessage::ChooseEngineer, "Κ. Νικολάου").Lines,
       (std::vector<std::string>{"... Μελετητής : Κ. Νικολάου ...", "... ΣΥΜΦΩΝΕΙΤΕ ??? ..."}));
-  EXPECT_EQ(ClientMessage(8).Lines.size(), 2u);
-  EXPECT_EQ(PassMessage(2).Lines.size(), 2u);
 }
 
 TEST_F(FrmCLientTest, WithoutAListTheScreenClosesAtOnce) {
@@ -201,7 +200,8 @@ TEST_F(FrmCLientTest, AnEmptyNameIsNotAdded) {
   f.Cmd_New_Click();
   f.Controls().at("Txt_Client").Type("   ");
   f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{ClientMessage(9).Lines.front()});
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{ClientMessageBox(ClientMessage::NoName).Lines.front()});
   EXPECT_EQ(Bytes(), before);
 }
 
@@ -334,7 +334,8 @@ TEST_F(FrmCLientTest, APasswordChangeStopsAtTheFirstCheckThatFails) {
     EXPECT_FALSE(s.Closed());
   });
   f.Cmd_Lock_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{PassMessage(3).Lines.front()});
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{PassMessageBox(PassMessage::PasswordTrouble).Lines.front()});
   // Two new entries that differ: pass message 1.
   screens.Queue(Passwords("παλιό"));
   screens.Queue([](ScriptScreen& s) {
@@ -344,7 +345,8 @@ TEST_F(FrmCLientTest, APasswordChangeStopsAtTheFirstCheckThatFails) {
     EXPECT_FALSE(s.Closed());
   });
   f.Cmd_Lock_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{PassMessage(1).Lines.front()});
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{PassMessageBox(PassMessage::PasswordsDiffer).Lines.front()});
   EXPECT_EQ(Bytes(), before);
   EXPECT_EQ(f.Txt_Pass.Text, "παλιό");
 }
@@ -361,7 +363,8 @@ TEST_F(FrmCLientTest, AnEmptyNewPasswordUnlocksOnlyOnYes) {
   });
   f.Cmd_Lock_Click();
   EXPECT_EQ(Boxes(),
-            (std::vector<std::string>{PassMessage(2).Lines.front(), PassMessage(2).Lines.front()}));
+            (std::vector<std::string>{PassMessageBox(PassMessage::NoProtection).Lines.front(),
+                                      PassMessageBox(PassMessage::NoProtection).Lines.front()}));
   EXPECT_EQ(ReadClients(ws).Password, "");
   EXPECT_EQ(f.Txt_Pass.Text, "");
 }

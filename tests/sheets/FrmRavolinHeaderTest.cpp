@@ -91,8 +91,10 @@ TEST_F(HeaderTest, TemperaturesOutOfRangePutTheOldValueBackAndKeepTheFocus) {
     Type(c.Control, c.Typed);
     if (c.Refused) {
       ASSERT_EQ(prompter.History().size(), 1u);
-      const int16_t code = std::string(c.Control) == "TxtTempDrop" ? -13 : -14;
-      EXPECT_EQ(LastBox().Lines, RavoMessage(code).Lines);
+      const RavoMessage code = std::string(c.Control) == "TxtTempDrop"
+                                   ? RavoMessage::TempDropOutOfRange
+                                   : RavoMessage::InletTempOutOfRange;
+      EXPECT_EQ(LastBox().Lines, RavoMessageBox(code).Lines);
       EXPECT_EQ(f.Controls().at(c.Control).GetText(), before);
       EXPECT_EQ(f.FocusTarget(), c.Control);
     } else {
@@ -119,7 +121,7 @@ TEST_F(HeaderTest, ANewDropOnACalculatedSheetAsksAndYesDiscardsTheResults) {
   prompter.QueueAnswer(Answer::Yes);
   Type("TxtTempDrop", "15");
   ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Lines, RavoMessage(-5).Lines);
+  EXPECT_EQ(LastBox().Lines, RavoMessageBox(RavoMessage::DiscardResults).Lines);
   EXPECT_EQ(f.TxtTempDrop.Text, "15");
   EXPECT_EQ(state.Calculated, 0);
   EXPECT_EQ(state.StudyChanged, -1);
