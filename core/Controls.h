@@ -185,5 +185,7 @@ class ScriptScreen {
   virtual std::string TakeFocusTarget() { return {}; }
   // A copy of everything the screen shows and keeps, and the way to put it back: the command
   // boundary takes one before each command and puts it back when the command fails.
-  virtual std::function<void()> Keep() { return [] {}; }
+  virtual std::function<void()> Keep() {
+    return [] {};
+  }
 };

@@ -59,7 +59,8 @@ std::function<void()> ScreenBase::Keep() {
 
 void Screens::Open(const std::string& name) {
   const auto at = openers_.find(name);
-  if (at == openers_.end()) throw RuntimeFault(FaultCode::Internal, "no screen is wired to " + name);
+  if (at == openers_.end())
+    throw RuntimeFault(FaultCode::Internal, "no screen is wired to " + name);
   at->second();
 }
 

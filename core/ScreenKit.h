@@ -84,8 +84,7 @@ ControlEntry<S> TextBox(const char* name, Field S::*field, TextEvents<S> events 
 }
 
 template <class S>
-ControlEntry<S> Command(const char* name, Field S::*field, Handler<S> click,
-                        const char* tip = "") {
+ControlEntry<S> Command(const char* name, Field S::*field, Handler<S> click, const char* tip = "") {
   return {name, [field, click, tip](S& s) {
             Control c = CommandControl(s.*field, Bound(click, s));
             c.Tip = tip;
@@ -166,7 +165,9 @@ class ScreenBase : public ScriptScreen {
   void Reopen() { closed_ = false; }
   // What the screen keeps besides its controls (variables of its own) and the way to put it
   // back; part of Keep.
-  virtual std::function<void()> KeepOwnState() { return [] {}; }
+  virtual std::function<void()> KeepOwnState() {
+    return [] {};
+  }
 
  private:
   virtual ControlMap MakeControls() = 0;

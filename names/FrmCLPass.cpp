@@ -19,8 +19,7 @@ const ControlTable<FrmCLPass>& FrmCLPass::Table() {
 }
 
 FrmCLPass::FrmCLPass(Mode mode, std::string keptPassword, Prompter& prompter, StudyState& state)
-    : Dialog(kName),
-      mode_(mode), kept_(std::move(keptPassword)), prompter_(prompter), st_(state) {
+    : Dialog(kName), mode_(mode), kept_(std::move(keptPassword)), prompter_(prompter), st_(state) {
   const bool fresh = mode_ == Mode::New;
   Label1.Text = fresh ? "Δώστε το Νέο Password :" : "Δώστε το υπάρχον Password :";
   LblOK.Visible = fresh;

@@ -40,8 +40,7 @@ FrmCLient::FrmCLient(Workspace& workspace, StudyState& state, Prompter& prompter
 }
 
 std::function<void()> FrmCLient::KeepOwnState() {
-  return [this, kept = kept_, records = records_, corrected = correctedEntry_,
-          deleted = deleted_] {
+  return [this, kept = kept_, records = records_, corrected = correctedEntry_, deleted = deleted_] {
     kept_ = kept;
     records_ = records;
     correctedEntry_ = corrected;

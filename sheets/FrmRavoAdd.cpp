@@ -132,7 +132,8 @@ void FrmRavoAdd::CmdCancel_Click() {
 
 void FrmRavoAdd::CmdSame_Click() {
   if (sheet_.CountSheets() == 0) return;
-  if (sheet_.Rows().DataRowCount() > 0 && prompter_.Show(RavoMessageBox(RavoMessage::OtherRowsOnSheet)) == Answer::Yes)
+  if (sheet_.Rows().DataRowCount() > 0 &&
+      prompter_.Show(RavoMessageBox(RavoMessage::OtherRowsOnSheet)) == Answer::Yes)
     sheet_.DeleteSpreadData();
   FrmRavoSheets sheets(sheet_, st_, prompter_);
   sheets.Open(screens_);

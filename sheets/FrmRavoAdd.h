@@ -20,8 +20,7 @@ class FrmRavoAdd : public Dialog<FrmRavoAdd> {
   // The captions of the fields, each beside its field.
   Field LblAdded{"ΠΡΟΣΤΙΘΕΜΕΝΟ ΠΟΣΟ ΘΕΡΜΙΚΗΣ ΙΣΧΥΟΣ ΣΤΟΝ ΒΡΟΧΟ, [Kcal/h]"};
   Field LblSomaName{"Ο α/α ΤΟΥ ΘΕΡΜΑΝΤΙΚΟΥ ΣΩΜΑΤΟΣ, ΝΑ ΟΝΟΜΑΣΘΕΙ :"};
-  Field LblRoomTemp{
-      "ΕΠΙΘΥΜΗΤΗ ΘΕΡΜΟΚΡΑΣΙΑ ΤΟΥ ΧΩΡΟΥ, ΣΤΟΝ ΟΠΟΙΟ ΑΝΗΚΕΙ ΤΟ ΣΩΜΑ, [ oC ] :"};
+  Field LblRoomTemp{"ΕΠΙΘΥΜΗΤΗ ΘΕΡΜΟΚΡΑΣΙΑ ΤΟΥ ΧΩΡΟΥ, ΣΤΟΝ ΟΠΟΙΟ ΑΝΗΚΕΙ ΤΟ ΣΩΜΑ, [ oC ] :"};
   Field TxtAdded, TxtSomaName;
   ComboBox CboRoomTemp;
   Field CmdOK{"ΚΑΤΑΧΩΡΗΣΗ"}, CmdCancel{"ΤΕΛΟΣ"},

@@ -3,8 +3,8 @@
 #include "Checked.h"
 #include "Cp1253.h"
 #include "RavoMessages.h"
-#include "Workspace.h"
 #include "SheetRecords.h"
+#include "Workspace.h"
 
 const ControlTable<FrmRavoSheets>& FrmRavoSheets::Table() {
   using F = FrmRavoSheets;

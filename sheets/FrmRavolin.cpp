@@ -63,17 +63,14 @@ const ControlTable<FrmRavolin>& FrmRavolin::Table() {
       kit::TextBox("TxtLoopNo", &F::TxtLoopNo,
                    {&F::TxtLoopNo_GotFocus, &F::TxtLoopNo_KeyPress, nullptr}),
       kit::TextBox("TxtTempDrop", &F::TxtTempDrop,
-                   {&F::TxtTempDrop_GotFocus, &F::TxtTempDrop_KeyPress,
-                    &F::TxtTempDrop_LostFocus}),
+                   {&F::TxtTempDrop_GotFocus, &F::TxtTempDrop_KeyPress, &F::TxtTempDrop_LostFocus}),
       kit::TextBox("TxtOrigTemp", &F::TxtOrigTemp,
-                   {&F::TxtOrigTemp_GotFocus, &F::TxtOrigTemp_KeyPress,
-                    &F::TxtOrigTemp_LostFocus}),
-      kit::TextBox("TxtLoopLength", &F::TxtLoopLength,
-                   {&F::TxtLoopLength_GotFocus, &F::TxtLoopLength_KeyPress,
-                    &F::TxtLoopLength_LostFocus}),
+                   {&F::TxtOrigTemp_GotFocus, &F::TxtOrigTemp_KeyPress, &F::TxtOrigTemp_LostFocus}),
+      kit::TextBox(
+          "TxtLoopLength", &F::TxtLoopLength,
+          {&F::TxtLoopLength_GotFocus, &F::TxtLoopLength_KeyPress, &F::TxtLoopLength_LostFocus}),
       kit::TextBox("TxtOtherRes", &F::TxtOtherRes,
-                   {&F::TxtOtherRes_GotFocus, &F::TxtOtherRes_KeyPress,
-                    &F::TxtOtherRes_LostFocus}),
+                   {&F::TxtOtherRes_GotFocus, &F::TxtOtherRes_KeyPress, &F::TxtOtherRes_LostFocus}),
       // Results: shown in boxes, never typed into.
       kit::Label("Txta_a", &F::Txta_a),
       kit::Label("TxtLoopLoad", &F::TxtLoopLoad),
@@ -127,10 +124,8 @@ const ControlTable<FrmRavolin>& FrmRavolin::Table() {
       kit::Command("CmdOpen", &F::CmdOpen, &F::CmdOpen_Click,
                    "ΑΝΑΚΛΗΣΗ ΑΡΧΕΙΟΥ ΜΟΝΟΣΩΛΗΝΙΟΥ, < Ctrl-O >"),
       kit::Command("CmdNew", &F::CmdNew, &F::CmdNew_Click, "ΝΕΑ ΜΕΛΕΤΗ"),
-      kit::Command("Cmd_Client", &F::Cmd_Client, &F::Cmd_Client_Click,
-                   "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ"),
-      kit::Grid("Grid", &F::Grid,
-                {&F::Grid_EditCell, &F::Grid_Click, &F::Grid_MarkBlock}),
+      kit::Command("Cmd_Client", &F::Cmd_Client, &F::Cmd_Client_Click, "ΕΠΙΛΟΓΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ"),
+      kit::Grid("Grid", &F::Grid, {&F::Grid_EditCell, &F::Grid_Click, &F::Grid_MarkBlock}),
   };
   return table;
 }
@@ -155,9 +150,9 @@ std::function<void()> FrmRavolin::KeepOwnState() {
                                   OldOrigTemp, OldRoomTemp, OldLoad, AddedLoad, SelectionBlock,
                                   SomaSortKeys, CboSomataSetByProgram, oldThema_,
                                   otherSheetsWaterKnown_, cboSomataGoingBack_)] {
-    std::tie(LoopTotalLoad, PipeInnerDiameter, InCalculation, OldTempDrop, OldOrigTemp,
-             OldRoomTemp, OldLoad, AddedLoad, SelectionBlock, SomaSortKeys, CboSomataSetByProgram,
-             oldThema_, otherSheetsWaterKnown_, cboSomataGoingBack_) = kept;
+    std::tie(LoopTotalLoad, PipeInnerDiameter, InCalculation, OldTempDrop, OldOrigTemp, OldRoomTemp,
+             OldLoad, AddedLoad, SelectionBlock, SomaSortKeys, CboSomataSetByProgram, oldThema_,
+             otherSheetsWaterKnown_, cboSomataGoingBack_) = kept;
   };
 }
 

@@ -12,10 +12,10 @@
 #include "Message.h"
 #include "Platform.h"
 #include "RadiatorSizing.h"
+#include "RavoMessages.h"
 #include "ScreenKit.h"
 #include "SheetOnScreen.h"
 #include "SheetRecords.h"
-#include "RavoMessages.h"
 #include "StudyState.h"
 #include "TextGrid.h"
 #include "Workspace.h"
@@ -266,8 +266,8 @@ class FrmRavolin : public Screen<FrmRavolin>, public SheetOnScreen {
   void TakeModelLists(int first, int last);
   std::function<void()> KeepOwnState() override;
   // A range check of the temperature fields on focus loss (messages -13 and -14).
-  void CheckTemperatureField(Field& field, float& oldValue, double low,
-                             double high, RavoMessage rangeMessage);
+  void CheckTemperatureField(Field& field, float& oldValue, double low, double high,
+                             RavoMessage rangeMessage);
   void DiscardResults(bool withLoopData);
   void RewriteThemaInRecords(const std::string& thema);
   bool AcceptsDigits(char32_t ch, bool decimalSeparator);

@@ -251,7 +251,7 @@ void FrmRavolin::GetTotalSheetLoaD(float& total, float& real) {
 // header field was missing and has been reported; -1: the caller reports (message -6).
 void FrmRavolin::CheckIfOkToProceed() {
   const std::pair<Field*, RavoMessage> header[] = {{&TxtOwnership, RavoMessage::NoOwnership},
-                                                  {&TxtLoopNo, RavoMessage::NoLoopNumber}};
+                                                   {&TxtLoopNo, RavoMessage::NoLoopNumber}};
   for (const auto& [field, code] : header) {
     if (!Trim(field->Text).empty()) continue;
     RavoMessages(code, prompter_, st_);

@@ -100,7 +100,8 @@ void FrmRavolin::TxtOrigTemp_LostFocus() {
 
 // Out of range: the message, the old value back, the focus stays. In range but
 // changed on a calculated sheet: question -5; "NO" puts the old value back.
-void FrmRavolin::CheckTemperatureField(Field& field, float& oldValue, double low, double high, RavoMessage rangeMessage) {
+void FrmRavolin::CheckTemperatureField(Field& field, float& oldValue, double low, double high,
+                                       RavoMessage rangeMessage) {
   const double value = st_.Parse(field.Text);
   if (value < low || value > high) {
     RavoMessages(rangeMessage, prompter_, st_);

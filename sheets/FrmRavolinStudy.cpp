@@ -69,7 +69,8 @@ void FrmRavolin::SaveAsFile(std::string fileName) {
 // begun on a later sheet starts with gaps.
 void FrmRavolin::CmdNew_Click() {
   FocusOn(Grid);
-  if (Grid.DataRowCount() > 0 && prompter_.Show(RavoMessageBox(RavoMessage::NewStudyLosesData)) != Answer::Yes)
+  if (Grid.DataRowCount() > 0 &&
+      prompter_.Show(RavoMessageBox(RavoMessage::NewStudyLosesData)) != Answer::Yes)
     return;
   OfferToSave();
   KillRavoTemporaries(ws_);

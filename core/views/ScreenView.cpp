@@ -38,7 +38,8 @@ void RenderCombo(QComboBox* widget, const ComboBox& combo) {
 
 void RenderList(QListWidget* widget, const ListBox& list) {
   bool same = widget->count() == static_cast<int>(list.Items.size());
-  for (int i = 0; same && i < widget->count(); ++i) same = widget->item(i)->text() == Q(list.Items[i]);
+  for (int i = 0; same && i < widget->count(); ++i)
+    same = widget->item(i)->text() == Q(list.Items[i]);
   if (!same) {
     widget->clear();
     for (const auto& item : list.Items) widget->addItem(Q(item));
@@ -105,7 +106,8 @@ QWidget* ViewKit::MakeWidget(const std::string& name, Control& c) {
       combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
       combo->setMinimumContentsLength(12);
       connect(combo, &QComboBox::activated, this, [this, name](int index) {
-        if (!rendering_) Run([this, name, index] { logic_.Controls().at(name).ChooseIndex(index); });
+        if (!rendering_)
+          Run([this, name, index] { logic_.Controls().at(name).ChooseIndex(index); });
       });
       return combo;
     }

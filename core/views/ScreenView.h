@@ -88,8 +88,8 @@ class DialogView : public QDialog {
 // and the program asks here for the view of a screen it opens.
 class ViewRegistry {
  public:
-  using Factory = std::function<std::unique_ptr<QWidget>(ScriptScreen&, CommandBoundary&,
-                                                         QWidget* parent)>;
+  using Factory =
+      std::function<std::unique_ptr<QWidget>(ScriptScreen&, CommandBoundary&, QWidget* parent)>;
   template <class Logic, class View>
   void Add(const std::string& name) {
     factories_[name] = [](ScriptScreen& screen, CommandBoundary& boundary, QWidget* parent) {

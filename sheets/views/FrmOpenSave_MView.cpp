@@ -13,11 +13,10 @@ FrmOpenSave_MView::FrmOpenSave_MView(FrmOpenSave_M& logic, CommandBoundary& boun
   auto* list = Kit().Make<QListWidget>("LstStudies");
   layout->addWidget(list);
   auto* details = new QGridLayout();
-  const std::pair<const char*, const char*> rows[] = {
-      {"LblFileNameCaption", "LblFileName"},
-      {"LblFilePathCaption", "LblFilePath"},
-      {"LblFileDateCaption", "LblFileDate"},
-      {"LblFileTimeCaption", "LblFileTime"}};
+  const std::pair<const char*, const char*> rows[] = {{"LblFileNameCaption", "LblFileName"},
+                                                      {"LblFilePathCaption", "LblFilePath"},
+                                                      {"LblFileDateCaption", "LblFileDate"},
+                                                      {"LblFileTimeCaption", "LblFileTime"}};
   int row = 0;
   for (const auto& [caption, value] : rows) {
     details->addWidget(Kit().Make(caption), row, 0);

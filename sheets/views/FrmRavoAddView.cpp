@@ -13,9 +13,8 @@ FrmRavoAddView::FrmRavoAddView(FrmRavoAdd& logic, CommandBoundary& boundary, QWi
   Kit().Make<FilteredLineEdit>("TxtSomaName")->SetSelectionStart([&logic] {
     return logic.SomaNameSelectionStart();
   });
-  const std::pair<const char*, const char*> rows[] = {{"LblAdded", "TxtAdded"},
-                                                      {"LblSomaName", "TxtSomaName"},
-                                                      {"LblRoomTemp", "CboRoomTemp"}};
+  const std::pair<const char*, const char*> rows[] = {
+      {"LblAdded", "TxtAdded"}, {"LblSomaName", "TxtSomaName"}, {"LblRoomTemp", "CboRoomTemp"}};
   int row = 0;
   for (const auto& [caption, field] : rows) {
     Kit().Make<QLabel>(caption)->setWordWrap(true);

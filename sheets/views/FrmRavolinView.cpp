@@ -30,22 +30,28 @@ struct Placed {
   const char* Control;
   int Row, Col;
 };
-constexpr Placed kHeader[] = {
-    {"LblThema", "TxtThema", 0, 0},         {"Lbla_a", "Txta_a", 0, 3},
-    {"LblOwnership", "TxtOwnership", 1, 0}, {"LblLoopNo", "TxtLoopNo", 2, 0},
-    {"LblTempDrop", "TxtTempDrop", 3, 0},   {"LblOrigTemp", "TxtOrigTemp", 4, 0},
-    {"LblLoopLength", "TxtLoopLength", 5, 0}, {"LblOtherRes", "TxtOtherRes", 6, 0},
-    {"LblPipes", "CboPipes", 7, 0},         {"LblLoopLoad", "TxtLoopLoad", 1, 3},
-    {"LblFlow", "TxtFlow", 2, 3},           {"LblVelocity", "TxtVelocity", 3, 3},
-    {"LblSFR", "TxtSFR", 4, 3},             {"LblSomata", "CboSomata", 6, 3}};
+constexpr Placed kHeader[] = {{"LblThema", "TxtThema", 0, 0},
+                              {"Lbla_a", "Txta_a", 0, 3},
+                              {"LblOwnership", "TxtOwnership", 1, 0},
+                              {"LblLoopNo", "TxtLoopNo", 2, 0},
+                              {"LblTempDrop", "TxtTempDrop", 3, 0},
+                              {"LblOrigTemp", "TxtOrigTemp", 4, 0},
+                              {"LblLoopLength", "TxtLoopLength", 5, 0},
+                              {"LblOtherRes", "TxtOtherRes", 6, 0},
+                              {"LblPipes", "CboPipes", 7, 0},
+                              {"LblLoopLoad", "TxtLoopLoad", 1, 3},
+                              {"LblFlow", "TxtFlow", 2, 3},
+                              {"LblVelocity", "TxtVelocity", 3, 3},
+                              {"LblSFR", "TxtSFR", 4, 3},
+                              {"LblSomata", "CboSomata", 6, 3}};
 
 // The commands under the grid: those on the rows, then those on the sheets and the study.
 constexpr const char* kRowCommands[] = {"CmdAddSpaces", "CmdRemoveSpaces", "CmdOneRowUp",
                                         "CmdOneRowDn",  "CmdPaste",        "CmdEditCols",
                                         "CmdDeleteRow", "CmdDeleteColumn"};
-constexpr const char* kSheetCommands[] = {"CmdFirst", "CmdPrev", "CmdNext", "CmdLast",
-                                          "CmdDeleteSheet", "CmdSave", "CmdOpen", "CmdNew",
-                                          "Cmd_Client"};
+constexpr const char* kSheetCommands[] = {"CmdFirst", "CmdPrev",        "CmdNext",
+                                          "CmdLast",  "CmdDeleteSheet", "CmdSave",
+                                          "CmdOpen",  "CmdNew",         "Cmd_Client"};
 
 // The radiator's number, its type and its name read from the left; the numbers from the right.
 std::vector<Qt::Alignment> ColumnAlignments() {
@@ -121,9 +127,9 @@ void FrmRavolinView::BuildGrid() {
 
 QVBoxLayout* FrmRavolinView::BuildCommands() {
   auto* rows = new QVBoxLayout();
-  for (const auto& names : {std::vector<const char*>(std::begin(kRowCommands), std::end(kRowCommands)),
-                            std::vector<const char*>(std::begin(kSheetCommands),
-                                                     std::end(kSheetCommands))}) {
+  for (const auto& names :
+       {std::vector<const char*>(std::begin(kRowCommands), std::end(kRowCommands)),
+        std::vector<const char*>(std::begin(kSheetCommands), std::end(kSheetCommands))}) {
     auto* row = new QHBoxLayout();
     for (const char* name : names) {
       auto* button = kit_.Make<QPushButton>(name);

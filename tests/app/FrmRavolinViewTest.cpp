@@ -2,11 +2,11 @@
 // keys and edits reach its handlers.
 #include <gtest/gtest.h>
 
-#include <QTableView>
 #include <QComboBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QLabel>
+#include <QTableView>
 #include "FilteredLineEdit.h"
 #include "NamesScreens.h"
 #include "SheetsScreens.h"
@@ -67,7 +67,8 @@ class ViewTest : public ::testing::Test {
 
 TEST_F(ViewTest, ShowsTheLogicsCaptionFieldsAndGrid) {
   EXPECT_EQ(view.windowTitle().toStdString(), FrmRavolin::kCaption);
-  EXPECT_EQ(view.Kit().Widget<FilteredLineEdit>("TxtThema")->text().toStdString(), "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
+  EXPECT_EQ(view.Kit().Widget<FilteredLineEdit>("TxtThema")->text().toStdString(),
+            "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
   EXPECT_EQ(view.Kit().Widget<FilteredLineEdit>("TxtOrigTemp")->text(), QStringLiteral("85"));
   EXPECT_EQ(view.Kit().Widget<QComboBox>("CboPipes")->count(), 2);
   EXPECT_EQ(view.Kit().Widget<QComboBox>("CboPipes")->currentText(), QStringLiteral("Φ16x1"));
@@ -91,7 +92,8 @@ TEST_F(ViewTest, TheWindowFitsTheSmallestSupportedDisplayWithCaptionsUnclipped) 
     EXPECT_GE(label->width(), label->sizeHint().width()) << name;
   }
   int gridWidth = view.Kit().Widget<QTableView>("Grid")->verticalHeader()->width();
-  for (int col = 0; col < 14; ++col) gridWidth += view.Kit().Widget<QTableView>("Grid")->columnWidth(col);
+  for (int col = 0; col < 14; ++col)
+    gridWidth += view.Kit().Widget<QTableView>("Grid")->columnWidth(col);
   EXPECT_LE(gridWidth, view.Kit().Widget<QTableView>("Grid")->width());
 }
 
@@ -133,8 +135,10 @@ TEST_F(ViewTest, AnEditOfTheGridReachesTheLogic) {
 
 TEST_F(ViewTest, TheFamiliesComboShowsTheFamiliesAndAPickTakesTheWorkingCopy) {
   ASSERT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->count(), 2);
-  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->currentText().toStdString(), kSectionFamilyCategory);
-  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->itemText(1), QStringLiteral("Χαλύβδινα Πάνελ"));
+  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->currentText().toStdString(),
+            kSectionFamilyCategory);
+  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->itemText(1),
+            QStringLiteral("Χαλύβδινα Πάνελ"));
   emit view.Kit().Widget<QComboBox>("CboSomata")->activated(1);
   EXPECT_EQ(state.SomaCategory, 2);
   EXPECT_EQ(logic.Grid.List(1, 10), std::vector<std::string>{"22/600"});
@@ -170,12 +174,17 @@ TEST_F(ViewTest, F10AndTheButtonCalculateTheSheet) {
   view.Kit().Render();
   view.Kit().Widget<QTableView>("Grid")->setFocus();
   QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), Qt::Key_F10);
-  EXPECT_EQ(view.Kit().Widget<QTableView>("Grid")->model()->data(view.Kit().Widget<QTableView>("Grid")->model()->index(0, 10)).toString(),
+  EXPECT_EQ(view.Kit()
+                .Widget<QTableView>("Grid")
+                ->model()
+                ->data(view.Kit().Widget<QTableView>("Grid")->model()->index(0, 10))
+                .toString(),
             QStringLiteral("13/II/905"));
   EXPECT_EQ(view.Kit().Widget<QLabel>("TxtFlow")->text(), QStringLiteral("50,0"));
   logic.DeleteResultsCells();
   view.Kit().Render();
-  ASSERT_EQ(view.Kit().Widget<QPushButton>("CmdCalc")->toolTip().toStdString(), FrmRavolin::kCalcTip);
+  ASSERT_EQ(view.Kit().Widget<QPushButton>("CmdCalc")->toolTip().toStdString(),
+            FrmRavolin::kCalcTip);
   QTest::mouseClick(view.Kit().Widget<QPushButton>("CmdCalc"), Qt::LeftButton);
   EXPECT_EQ(logic.Grid.Text(1, 11), "13/II/905");
 }
@@ -231,10 +240,12 @@ TEST_F(ViewKeysTest, F5CopiesTheRowAboveAndF2OpensTheLockedColumns) {
   for (int col = 1; col <= 3; ++col) logic.Grid.SetLocked(1, col, true);
   logic.Grid.SetActiveCell(1, 2);
   view.Kit().Render();
-  EXPECT_FALSE(view.Kit().Widget<QTableView>("Grid")->model()->flags(view.Kit().Widget<QTableView>("Grid")->model()->index(0, 1)) &
+  EXPECT_FALSE(view.Kit().Widget<QTableView>("Grid")->model()->flags(
+                   view.Kit().Widget<QTableView>("Grid")->model()->index(0, 1)) &
                Qt::ItemIsEditable);
   Press(Qt::Key_F2);
-  EXPECT_TRUE(view.Kit().Widget<QTableView>("Grid")->model()->flags(view.Kit().Widget<QTableView>("Grid")->model()->index(0, 1)) &
+  EXPECT_TRUE(view.Kit().Widget<QTableView>("Grid")->model()->flags(
+                  view.Kit().Widget<QTableView>("Grid")->model()->index(0, 1)) &
               Qt::ItemIsEditable);
 }
 

@@ -2,11 +2,11 @@
 // logic's state and every click reaches its handler.
 #include <gtest/gtest.h>
 
-#include <QTableView>
 #include <QComboBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QLabel>
+#include <QTableView>
 #include "FilteredLineEdit.h"
 
 #include <QLabel>
@@ -64,7 +64,9 @@ TEST_F(NamesViewTest, TheListShowsTheNamesTheEngineerAndAMaskedPassword) {
   EXPECT_FALSE(view.Kit().Widget<QLineEdit>("Txt_Client")->isVisible());
   EXPECT_EQ(view.Kit().Widget<QPushButton>("Cmd_Lock")->text().toStdString(), " Αλλαγή Password ");
   for (const char* name : {"Cmd_OK", "Cmd_New", "Cmd_COR", "Cmd_Lock", "Cmd_Exit"})
-    EXPECT_GE(view.Kit().Widget<QPushButton>(name)->width(), view.Kit().Widget<QPushButton>(name)->sizeHint().width()) << name;
+    EXPECT_GE(view.Kit().Widget<QPushButton>(name)->width(),
+              view.Kit().Widget<QPushButton>(name)->sizeHint().width())
+        << name;
 }
 
 TEST_F(NamesViewTest, ANewNameIsTypedCountedAndAddedThroughTheLogic) {

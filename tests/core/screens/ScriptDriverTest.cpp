@@ -306,8 +306,9 @@ TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
   ws.SetPauseMilliseconds(0);
   StudyState state;
   CommandBoundary boundary(ws, prompter_, state);
-  driver_.SetCommandRunner(
-      [&](ScriptScreen& screen, const std::function<void()>& action) { boundary.Run(screen, action); });
+  driver_.SetCommandRunner([&](ScriptScreen& screen, const std::function<void()>& action) {
+    boundary.Run(screen, action);
+  });
   EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect screen FrmFake\n"), 1);
   EXPECT_EQ(err_.str(), "t.rvs:2: expected screen FrmFake, found screen FrmChild\n");
   EXPECT_TRUE(prompter_.History().empty());  // no fault box: the script stopped
