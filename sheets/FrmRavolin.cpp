@@ -53,11 +53,10 @@ const std::vector<std::string>& FrmRavolin::ColumnHeads() {
 
 const ControlTable<FrmRavolin>& FrmRavolin::Table() {
   using F = FrmRavolin;
-  const auto digits = [](F&, char32_t) { return true; };
   static const ControlTable<F> table = {
       kit::Label("Caption", &F::Caption),
       kit::TextBox("TxtThema", &F::TxtThema,
-                   {&F::TxtThema_GotFocus, digits, &F::TxtThema_LostFocus}),
+                   {&F::TxtThema_GotFocus, nullptr, &F::TxtThema_LostFocus}),
       kit::TextBox("TxtOwnership", &F::TxtOwnership,
                    {&F::TxtOwnership_GotFocus, &F::TxtOwnership_KeyPress, nullptr}),
       kit::TextBox("TxtLoopNo", &F::TxtLoopNo,

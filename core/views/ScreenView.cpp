@@ -230,6 +230,10 @@ void ViewKit::Render() {
 
 void ViewKit::Run(const std::function<void()>& handler) {
   boundary_.Run(logic_, handler);
+  ShowWhatTheCommandLeft();
+}
+
+void ViewKit::ShowWhatTheCommandLeft() {
   Render();
   if (afterRun_) afterRun_();
   if (!logic_.Closed()) ApplyFocus();
@@ -257,9 +261,7 @@ bool ViewKit::eventFilter(QObject* watched, QEvent* event) {
   // A key the screen did not take belongs to the widget: nothing is rendered over what it is
   // doing (an open cell editor keeps the characters typed into it).
   if (!handled) return false;
-  Render();
-  if (afterRun_) afterRun_();
-  if (!logic_.Closed()) ApplyFocus();
+  ShowWhatTheCommandLeft();
   return true;
 }
 

@@ -60,6 +60,8 @@ class ViewKit : public QObject {
   QWidget* MakeWidget(const std::string& name, Control& control);
   QWidget* MakeGrid(const std::string& name, Control& control);
   void RenderOne(QWidget* widget, const Control& control);
+  // After a command: the state it left shown, the dialog closed if it closed, the focus put.
+  void ShowWhatTheCommandLeft();
 
   QWidget& view_;
   ScriptScreen& logic_;
