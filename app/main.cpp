@@ -32,7 +32,10 @@ int RunDesktop(int argc, char** argv, const Options& options) {
   std::optional<InstanceLock> lock;
   auto ws = OpenOwnProgramFolder(options, argv[0], prompter, lock);
   if (!ws) return 2;
-  Workspace::SetEventPump([] { QCoreApplication::processEvents(); });
+  // The pauses of the file operations repaint the screens; what the engineer types meanwhile
+  // waits for the command to end.
+  Workspace::SetEventPump(
+      [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
   QtPlatform platform;
   const ViewRegistry views = ProgramViews();
   QtScreens screens(views);

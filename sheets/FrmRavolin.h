@@ -41,6 +41,8 @@ class FrmRavolin : public Screen<FrmRavolin>, public SheetOnScreen {
 
   // The column heads of the grid, columns 1 to 14.
   static const std::vector<std::string>& ColumnHeads();
+  // The study file the sheets were opened from or saved to; empty for a new study.
+  const std::string& StudyFileName() const { return st_.StudyFileName; }
 
   // The screen's caption and fields.
   Field Caption;

@@ -1,7 +1,6 @@
 #include "GridListDelegate.h"
 
 #include <QComboBox>
-#include <QLineEdit>
 
 GridListDelegate::GridListDelegate(const TextGrid& grid, QObject* parent)
     : QStyledItemDelegate(parent), grid_(grid) {}
@@ -14,9 +13,8 @@ QWidget* GridListDelegate::createEditor(QWidget* parent, const QStyleOptionViewI
                                         const QModelIndex& index) const {
   const auto& list = ListOf(index);
   if (list.empty()) return QStyledItemDelegate::createEditor(parent, option, index);
+  // Only an entry of the list can stand in the cell.
   auto* combo = new QComboBox(parent);
-  combo->setEditable(true);
-  combo->setInsertPolicy(QComboBox::NoInsert);
   for (const std::string& item : list) combo->addItem(QString::fromStdString(item));
   // A pick from the list ends the edit at once, as the old grid's drop-down did.
   connect(combo, &QComboBox::activated, this, [this, combo] {
@@ -32,14 +30,13 @@ void GridListDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
   if (combo == nullptr) return QStyledItemDelegate::setEditorData(editor, index);
   const QString text = index.data(Qt::EditRole).toString();
   const int at = combo->findText(text);
-  // An empty cell opens on the first model of the family.
-  combo->setCurrentIndex(at >= 0 ? at : (text.isEmpty() ? 0 : -1));
-  if (at < 0 && !text.isEmpty()) combo->setEditText(text);
+  // An empty cell opens on no entry: opening the list chooses nothing by itself.
+  combo->setCurrentIndex(at);
 }
 
 void GridListDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                     const QModelIndex& index) const {
   auto* combo = qobject_cast<QComboBox*>(editor);
   if (combo == nullptr) return QStyledItemDelegate::setModelData(editor, model, index);
-  model->setData(index, combo->currentText(), Qt::EditRole);
+  if (combo->currentIndex() >= 0) model->setData(index, combo->currentText(), Qt::EditRole);
 }

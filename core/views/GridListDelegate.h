@@ -1,7 +1,7 @@
 #pragma once
-// The editor of a grid cell that has a drop-down list (the models of column 10): an editable
-// combo box holding the cell's list, so that a model is picked or typed (a Greek keyboard gives
-// its own spellings). Cells without a list get the plain text editor.
+// The editor of a grid cell that has a drop-down list (the models of column 10): a combo box
+// holding the cell's list. Only a pick from the list (a click, Enter in the open list, or the
+// first letters of an entry) changes the cell. Cells without a list get the plain text editor.
 #include <QStyledItemDelegate>
 
 #include "TextGrid.h"

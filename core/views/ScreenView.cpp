@@ -9,11 +9,13 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 
 #include "FilteredLineEdit.h"
 #include "GridListDelegate.h"
 #include "GridModel.h"
+#include "GridView.h"
 #include "KeyMapping.h"
 #include "RuntimeFault.h"
 
@@ -66,10 +68,14 @@ ViewKit::ViewKit(QWidget& view, ScriptScreen& logic, CommandBoundary& boundary)
     : QObject(&view), view_(view), logic_(logic), boundary_(boundary) {
   view_.setObjectName(Q(logic_.ScreenName()));
   qApp->installEventFilter(this);
+  Shown().push_back(this);
 }
 
 ViewKit::~ViewKit() {
+  // An edit left open when the screen goes without closing is not the engineer's last word.
+  for (GridView* grid : grids_) grid->DiscardEdit();
   qApp->removeEventFilter(this);
+  std::erase(Shown(), this);
 }
 
 QWidget* ViewKit::Widget(const std::string& name) const {
@@ -146,16 +152,18 @@ QWidget* ViewKit::MakeGrid(const std::string& name, Control& c) {
   TextGrid& grid = *c.Grid;
   std::vector<Qt::Alignment> alignments(grid.MaxCols(), Qt::AlignVCenter | Qt::AlignRight);
   if (const auto at = alignments_.find(name); at != alignments_.end()) alignments = at->second;
-  auto* model = new GridModel(
-      grid, alignments,
+  auto* table = new GridView(
       [this, edit = c.EditCell](int r, int col, const std::string& t) {
         if (edit) Run([=] { edit(r, col, t); });
       },
-      this);
-  auto* table = new QTableView(&view_);
+      &view_);
+  auto* model = new GridModel(
+      grid, alignments,
+      [table](int r, int col, const std::string& t) { table->TakeEdit(r, col, t); }, this);
   table->setModel(model);
   table->setItemDelegate(new GridListDelegate(grid, table));
   models_[table] = model;
+  grids_.push_back(table);
   connect(table->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this, click = c.ClickCell](const QModelIndex& current) {
             if (rendering_ || !current.isValid() || !click) return;
@@ -181,9 +189,12 @@ QWidget* ViewKit::MakeGrid(const std::string& name, Control& c) {
 void ViewKit::RenderOne(QWidget* widget, const Control& c) {
   switch (c.Kind) {
     case ControlKind::Label:
+      // A label is never typed into: one that the screen keeps disabled still reads clearly.
+      static_cast<QLabel*>(widget)->setText(Q(c.Text->Text));
+      widget->setVisible(c.Text->Visible);
+      return;
     case ControlKind::Command:
-      if (auto* label = qobject_cast<QLabel*>(widget)) label->setText(Q(c.Text->Text));
-      if (auto* button = qobject_cast<QPushButton*>(widget)) button->setText(Q(c.Text->Text));
+      static_cast<QPushButton*>(widget)->setText(Q(c.Text->Text));
       widget->setEnabled(c.Text->Enabled);
       widget->setVisible(c.Text->Visible);
       return;
@@ -222,19 +233,44 @@ void ViewKit::RenderOne(QWidget* widget, const Control& c) {
 void ViewKit::Render() {
   rendering_ = true;
   ControlMap& controls = logic_.Controls();
-  if (const auto caption = controls.find("Caption"); caption != controls.end())
-    view_.setWindowTitle(Q(caption->second.GetText()).trimmed());
+  if (const auto caption = controls.find("Caption"); caption != controls.end()) {
+    const QString text = Q(caption->second.GetText()).trimmed();
+    view_.setWindowTitle(title_ ? title_(text) : text);
+  }
   for (const auto& [name, widget] : widgets_) RenderOne(widget, controls.at(name));
   rendering_ = false;
 }
 
+void ViewKit::RenderAll() {
+  for (ViewKit* kit : Shown()) kit->Render();
+}
+
+std::vector<ViewKit*>& ViewKit::Shown() {
+  static std::vector<ViewKit*> shown;
+  return shown;
+}
+
+bool ViewKit::CommitOpenEdits() {
+  bool committed = false;
+  for (GridView* grid : grids_) committed = grid->CommitEdit() || committed;
+  return committed;
+}
+
 void ViewKit::Run(const std::function<void()>& handler) {
+  // A screen's commands never nest: a second one asked for while the first runs (by a signal of
+  // a widget that the first one changed) is not run.
+  if (running_) return;
+  // No command runs while a cell editor is open: the edit goes in first, as its own command.
+  CommitOpenEdits();
+  running_ = true;
   boundary_.Run(logic_, handler);
+  running_ = false;
   ShowWhatTheCommandLeft();
 }
 
 void ViewKit::ShowWhatTheCommandLeft() {
-  Render();
+  // The screens under a dialog show what its command changed in them too.
+  RenderAll();
   if (afterRun_) afterRun_();
   if (!logic_.Closed()) ApplyFocus();
 }
@@ -255,13 +291,34 @@ bool ViewKit::eventFilter(QObject* watched, QEvent* event) {
   QWidget* focus = QApplication::focusWidget();
   const bool first = focus ? widget == focus : widget == &view_;
   if (!widget || widget->window() != &view_ || !first) return QObject::eventFilter(watched, event);
-  const KeyStroke key = ToKeyStroke(*static_cast<QKeyEvent*>(event));
+  // A key that arrives while a command of this screen runs has nowhere sound to go.
+  if (running_) return true;
+  auto& keyEvent = *static_cast<QKeyEvent*>(event);
+  // An open cell editor keeps the keys that type and move in it; the grid closes the edit on
+  // Enter, Tab, the arrows and Esc. Any other key is the screen's, after the edit has gone in.
+  bool editClosed = false;
+  if (GridView* grid = GridView::EditingGridOf(focus)) {
+    if (grid->EditorKeyPress(keyEvent)) return true;
+    if (GridView::IsEditorKey(keyEvent)) return false;
+    editClosed = CommitOpenEdits();
+  }
+  // When the widget that had the focus goes while its key is delivered (a cell editor closed
+  // for the command), the window is handed the same key again: the screen takes a key once.
+  const KeyIdentity identity{keyEvent.timestamp(), keyEvent.key(), keyEvent.modifiers()};
+  if (identity.Timestamp != 0 && identity == lastKey_) return true;
+  lastKey_ = identity;
+  const KeyStroke key = ToKeyStroke(keyEvent);
   bool handled = false;
+  running_ = true;
   boundary_.Run(logic_, [&] { handled = logic_.KeyDown(key); });
+  running_ = false;
   // A key the screen did not take belongs to the widget: nothing is rendered over what it is
-  // doing (an open cell editor keeps the characters typed into it).
-  if (!handled) return false;
+  // doing. The editor it was typed into is closed, though: the key goes no further.
+  if (!handled) return editClosed;
   ShowWhatTheCommandLeft();
+  // F2 edits the active cell in place, after whatever the screen does with it.
+  if (key.Code == KeyCode::F2 && !key.Ctrl && !key.Alt && !key.Shift)
+    if (auto* grid = qobject_cast<GridView*>(QApplication::focusWidget())) grid->EditInPlace();
   return true;
 }
 
@@ -275,6 +332,20 @@ DialogView::DialogView(ScriptScreen& logic, CommandBoundary& boundary, QWidget* 
 void DialogView::reject() {
   if (kit_.Logic().Closed()) return QDialog::reject();
   kit_.Run([this] { kit_.Logic().CloseBox(); });
+}
+
+void DialogView::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  const QWidget* over = parentWidget() ? parentWidget()->window() : nullptr;
+  const QWidget* target = over ? over->findChild<QWidget*>(Q(below_)) : nullptr;
+  if (below_.empty() || !target || !screen()) return;
+  const QRect area = screen()->availableGeometry();
+  const QPoint foot = target->mapToGlobal(QPoint(0, target->height()));
+  const int titleBar = frameGeometry().height() - geometry().height();
+  const int x = over->geometry().center().x() - width() / 2;
+  const int y = std::min(foot.y() + 4, area.bottom() - height() - std::max(titleBar, 30));
+  move(std::clamp(x, area.left(), std::max(area.left(), area.right() - width())),
+       std::max(area.top(), y));
 }
 
 std::unique_ptr<QWidget> ViewRegistry::Make(ScriptScreen& screen, CommandBoundary& boundary,

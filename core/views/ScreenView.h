@@ -18,6 +18,7 @@
 #include "Controls.h"
 
 class GridModel;
+class GridView;
 
 class ViewKit : public QObject {
  public:
@@ -45,8 +46,13 @@ class ViewKit : public QObject {
   }
   // Every made widget, and the window's caption, from the logic's state. Fires no handler.
   void Render();
-  // Runs a handler as a command of the screen, then shows what it left and puts the focus.
+  // Runs a handler as a command of the screen, then shows what it left on every screen open and
+  // puts the focus. An open cell editor is closed first and its edit run as a command before.
   void Run(const std::function<void()>& handler);
+  // Closes every open cell editor of the screen and runs the edits; true when there was one.
+  bool CommitOpenEdits();
+  // How the window's title reads, from the screen's caption; by default the caption itself.
+  void SetTitle(std::function<QString(const QString& caption)> title) { title_ = std::move(title); }
   void ApplyFocus();
   // Set while the widgets are being rendered: their signals then are not the user's.
   bool Rendering() const { return rendering_; }
@@ -62,6 +68,9 @@ class ViewKit : public QObject {
   void RenderOne(QWidget* widget, const Control& control);
   // After a command: the state it left shown, the dialog closed if it closed, the focus put.
   void ShowWhatTheCommandLeft();
+  // Every screen shown, the main one first: a dialog's command changes the screens under it.
+  static std::vector<ViewKit*>& Shown();
+  static void RenderAll();
 
   QWidget& view_;
   ScriptScreen& logic_;
@@ -69,21 +78,36 @@ class ViewKit : public QObject {
   std::map<std::string, QWidget*> widgets_;
   std::map<QWidget*, GridModel*> models_;
   std::map<std::string, std::vector<Qt::Alignment>> alignments_;
+  struct KeyIdentity {
+    quint64 Timestamp = 0;
+    int Key = 0;
+    Qt::KeyboardModifiers Modifiers;
+    bool operator==(const KeyIdentity&) const = default;
+  };
+  KeyIdentity lastKey_;
+  std::vector<GridView*> grids_;
   std::function<void()> afterRun_;
+  std::function<QString(const QString&)> title_;
   bool rendering_ = false;
+  bool running_ = false;
 };
 
 class DialogView : public QDialog {
  public:
   DialogView(ScriptScreen& logic, CommandBoundary& boundary, QWidget* parent);
   ViewKit& Kit() { return kit_; }
+  // The dialog opens just under the widget of that name of the window it stands over, so as not
+  // to hide what its commands change there; at the foot of the screen when there is no room.
+  void OpenBelow(std::string widget) { below_ = std::move(widget); }
 
  protected:
   // The close box (and Esc, when the screen leaves it to the window) is the logic's close box.
   void reject() override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   ViewKit kit_;
+  std::string below_;
 };
 
 // The views of the screens, by the screen's name: each subsystem's views library adds its own,

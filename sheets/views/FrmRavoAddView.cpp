@@ -30,6 +30,7 @@ FrmRavoAddView::FrmRavoAddView(FrmRavoAdd& logic, CommandBoundary& boundary, QWi
   }
   layout->addLayout(buttons, row, 0, 1, 2);
   setMinimumWidth(720);
+  OpenBelow("Grid");
   Kit().Render();
   Kit().ApplyFocus();
 }

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <filesystem>
 #include <map>
 
 namespace {
@@ -76,7 +77,15 @@ FrmRavolinView::FrmRavolinView(FrmRavolin& logic, CommandBoundary& boundary, QWi
   layout->addWidget(kit_.Make("Grid"));
   layout->addLayout(BuildCommands());
   layout->addStretch(1);
-  resize(1000, 700);
+  // As wide as the grid needs, no taller than the screen needs: the dialogs open beneath it.
+  resize(1000, sizeHint().height());
+  // The title names the study file beside the screen's caption, as desktop windows do.
+  kit_.SetTitle([this](const QString& caption) {
+    const std::string& file = logic_.StudyFileName();
+    if (file.empty()) return caption;
+    const QString name = QString::fromStdString(std::filesystem::path(file).filename().string());
+    return name + QStringLiteral(" — ") + caption;
+  });
   kit_.Render();
 }
 
@@ -86,8 +95,15 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
     layout->addWidget(label, p.Row, p.Col, Qt::AlignRight | Qt::AlignVCenter);
     QWidget* widget = kit_.Make(p.Control);
     const std::string name = p.Control;
-    if (name == "TxtThema" || name == "CboSomata") {
+    if (name == "TxtThema") {
       layout->addWidget(widget, p.Row, p.Col + 1, 1, 2);
+      continue;
+    }
+    if (name == "CboSomata") {
+      // The family's whole name: the box takes the width of its caption and its field.
+      layout->removeWidget(label);
+      layout->addWidget(label, p.Row - 1, p.Col, 1, 3, Qt::AlignLeft | Qt::AlignBottom);
+      layout->addWidget(widget, p.Row, p.Col, 1, 3);
       continue;
     }
     widget->setMaximumWidth(name == "TxtOwnership" || name == "TxtLoopNo" ? 260 : 110);
@@ -95,10 +111,14 @@ void FrmRavolinView::BuildHeader(QGridLayout* layout) {
     if (Units().count(name))
       layout->addWidget(new QLabel(QString::fromUtf8(Units().at(name)), this), p.Row, p.Col + 2);
   }
-  // A result box frames its figure as the old screen did; it is never typed into.
+  // A result box frames its figure as an input box does, and reads as clearly; it is never
+  // typed into, but its figure can be selected and copied.
   for (const char* result : {"Txta_a", "TxtLoopLoad", "TxtFlow", "TxtVelocity", "TxtSFR"}) {
     auto* box = kit_.Make<QLabel>(result);
-    box->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    box->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    box->setAutoFillBackground(true);
+    box->setBackgroundRole(QPalette::Base);
+    box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     box->setMinimumWidth(90);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
   }
@@ -120,7 +140,6 @@ void FrmRavolinView::BuildGrid() {
   for (int col = 0; col < kGridCols; ++col) grid->setColumnWidth(col, kColumnWidths[col]);
   grid->verticalHeader()->setDefaultSectionSize(26);
   grid->verticalHeader()->setMinimumWidth(24);
-  grid->setEditTriggers(QAbstractItemView::AllEditTriggers);
   // The eight rows of a loop and the heads, without an empty area below them.
   grid->setFixedHeight(heads->minimumHeight() + kGridRows * 26 + 2 * grid->frameWidth() + 4);
 }

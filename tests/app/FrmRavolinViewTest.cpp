@@ -2,15 +2,6 @@
 // keys and edits reach its handlers.
 #include <gtest/gtest.h>
 
-#include <QComboBox>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTableView>
-#include "FilteredLineEdit.h"
-#include "NamesScreens.h"
-#include "SheetsScreens.h"
-
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -21,49 +12,17 @@
 #include <QTest>
 #include <QTimer>
 
-#include "FakePlatform.h"
+#include "FilteredLineEdit.h"
 #include "FrmOldStudyView.h"
 #include "FrmOpenSave_MView.h"
 #include "FrmRavoAddView.h"
 #include "FrmRavoSheetsView.h"
-#include "FrmRavolinView.h"
 #include "GridModel.h"
-#include "QtScreens.h"
-#include "TempFolder.h"
-#include "TypeFiles.h"
+#include "MainViewFixture.h"
+#include "NamesScreens.h"
+#include "SheetsScreens.h"
 
 namespace {
-
-class ViewTest : public ::testing::Test {
- protected:
-  ViewTest() : ws(folder.Path()) {
-    platform.Seps = {U',', U'.'};
-    WriteAllBytes(folder / "RavoPipes.txt",
-                  "\xD6"
-                  "16x1\r\n\xD6"
-                  "18x1\r\n");
-    WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
-    WriteTypeFile(folder / "Πάνελ.ths", 2, "Χαλύβδινα Πάνελ (EN 442)",
-                  {Stepped("22/600", 150, 0.25f, 100, "400", 4, 30, "")});
-    screens.Attach(boundary, &view);
-    logic.Form_Load();
-    view.Kit().Render();
-    view.show();
-    view.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
-    view.Kit().ApplyFocus();
-  }
-  TempFolder folder;
-  Workspace ws;
-  StudyState state;
-  ScriptedPrompter prompter;
-  FakePlatform platform;
-  CommandBoundary boundary{ws, prompter, state};
-  ViewRegistry views = ProgramViews();
-  QtScreens screens{views};
-  FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
-  FrmRavolinView view{logic, boundary};
-};
 
 TEST_F(ViewTest, ShowsTheLogicsCaptionFieldsAndGrid) {
   EXPECT_EQ(view.windowTitle().toStdString(), FrmRavolin::kCaption);

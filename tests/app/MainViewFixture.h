@@ -1,0 +1,44 @@
+#pragma once
+// The main screen and its view on the offscreen platform, over a program folder with two pipes,
+// the section radiators and one panel family, shown and active.
+#include <gtest/gtest.h>
+
+#include <QTableView>
+#include <QTest>
+
+#include "FakePlatform.h"
+#include "FrmRavolinView.h"
+#include "QtScreens.h"
+#include "TempFolder.h"
+#include "TypeFiles.h"
+
+class ViewTest : public ::testing::Test {
+ protected:
+  ViewTest() : ws(folder.Path()) {
+    platform.Seps = {U',', U'.'};
+    WriteAllBytes(folder / "RavoPipes.txt",
+                  "\xD6"
+                  "16x1\r\n\xD6"
+                  "18x1\r\n");
+    WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
+    WriteTypeFile(folder / "Πάνελ.ths", 2, "Χαλύβδινα Πάνελ (EN 442)",
+                  {Stepped("22/600", 150, 0.25f, 100, "400", 4, 30, "")});
+    screens.Attach(boundary, &view);
+    logic.Form_Load();
+    view.Kit().Render();
+    view.show();
+    view.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+    view.Kit().ApplyFocus();
+  }
+  TempFolder folder;
+  Workspace ws;
+  StudyState state;
+  ScriptedPrompter prompter;
+  FakePlatform platform;
+  CommandBoundary boundary{ws, prompter, state};
+  ViewRegistry views = ProgramViews();
+  QtScreens screens{views};
+  FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
+  FrmRavolinView view{logic, boundary};
+};
