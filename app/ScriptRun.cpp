@@ -20,9 +20,10 @@ class ScriptPlatform : public Platform {
   void OpenDocument(const std::filesystem::path& file) override {
     out_ << "[open] " << file.filename().string() << '\n';
   }
-  // The answer queued by `answer file`, relative to the program folder.
-  std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path&,
-                                                   const std::string&) override {
+  // The answer queued by `answer file`, relative to the program folder; the script names the
+  // whole file, so the proposed one plays no part.
+  std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path&, const std::string&,
+                                                   const std::filesystem::path&) override {
     const auto answer = driver_.TakeFileAnswer();
     if (!answer) return std::nullopt;
     return folder_ / *answer;

@@ -8,6 +8,7 @@
 #include "FrmRavolinView.h"
 #include "Options.h"
 #include "Program.h"
+#include "QtGreek.h"
 #include "QtPlatform.h"
 #include "QtPrompter.h"
 #include "QtScreens.h"
@@ -28,6 +29,7 @@ void Centre(QWidget& window) {
 int RunDesktop(int argc, char** argv, const Options& options) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("ravolinette"));
+  InstallQtGreek(app);
   QtPrompter prompter;
   std::optional<InstanceLock> lock;
   auto ws = OpenOwnProgramFolder(options, argv[0], prompter, lock);

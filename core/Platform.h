@@ -20,16 +20,20 @@ class Platform {
   // Opens a document in the desktop's viewer (the manual, "RM.pdf").
   virtual void OpenDocument(const std::filesystem::path& file) = 0;
   // The desktop's dialog for the name of a file to write, opened on `folder` with `filter` in
-  // the old form "Special Files (*.sht)|*.sht". Nothing when the engineer cancels.
+  // the old form "Special Files (*.sht)|*.sht". `proposed` is the file the box starts on (the
+  // study's own file, so that a second save only needs Enter); empty for none. Nothing when
+  // the engineer cancels.
   virtual std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
-                                                           const std::string& filter) {
+                                                           const std::string& filter,
+                                                           const std::filesystem::path& proposed) {
     (void)folder;
     (void)filter;
+    (void)proposed;
     return std::nullopt;
   }
-  // The same for a file to read.
+  // The same for a file to read, which proposes nothing.
   virtual std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder,
                                                            const std::string& filter) {
-    return AskSaveFile(folder, filter);
+    return AskSaveFile(folder, filter, {});
   }
 };

@@ -34,10 +34,10 @@ std::string QuotedWord(std::string_view text, std::size_t& i, int number) {
     if (text[i] == '\\' && i + 1 < text.size() && (text[i + 1] == '"' || text[i + 1] == '\\')) ++i;
     word += text[i];
   }
-  if (i == text.size()) throw ScriptError{number, "the quote is never closed"};
+  if (i == text.size()) throw ScriptError{number, "τα εισαγωγικά δεν κλείνουν"};
   ++i;
   if (i < text.size() && !IsBlank(text[i]))
-    throw ScriptError{number, "a blank must follow a closing quote"};
+    throw ScriptError{number, "μετά τα εισαγωγικά που κλείνουν πρέπει να ακολουθεί κενό"};
   return word;
 }
 
@@ -75,7 +75,7 @@ ScriptLine SplitLine(std::string_view text, int number) {
 
 [[noreturn]] void Mismatch(const ScriptLine& line, const std::string& expected,
                            const std::string& found) {
-  Stop(line, "expected " + expected + ", found " + found);
+  Stop(line, "αναμενόταν " + expected + ", βρέθηκε " + found);
 }
 
 std::string Quote(const std::string& text) {
@@ -83,7 +83,7 @@ std::string Quote(const std::string& text) {
 }
 
 std::string QuoteAll(const std::vector<std::string>& texts) {
-  if (texts.empty()) return "(no entries)";
+  if (texts.empty()) return "(καμία εγγραφή)";
   std::string joined;
   for (const auto& t : texts) joined += (joined.empty() ? "" : " ") + Quote(t);
   return joined;
@@ -96,7 +96,7 @@ std::vector<std::string> WordsFrom(const ScriptLine& line, std::size_t from) {
 }
 
 void NeedWords(const ScriptLine& line, std::size_t count, const char* usage) {
-  if (line.Words.size() != count) Stop(line, std::string("the line must read: ") + usage);
+  if (line.Words.size() != count) Stop(line, std::string("η γραμμή πρέπει να γράφεται: ") + usage);
 }
 
 int Number(const ScriptLine& line, std::size_t index) {
@@ -104,29 +104,30 @@ int Number(const ScriptLine& line, std::size_t index) {
   int value = 0;
   const auto [end, ec] = std::from_chars(word.data(), word.data() + word.size(), value);
   if (line.Quoted[index] || ec != std::errc() || end != word.data() + word.size())
-    Stop(line, Quote(word) + " is not a whole number");
+    Stop(line, Quote(word) + " δεν είναι ακέραιος αριθμός");
   return value;
 }
 
-// An operation of a control, or a clear stop when the control has none.
+// An operation of a control, or a clear stop when the control has none; `refusal` says what
+// the control does not take.
 template <class F>
-const F& Operation(const ScriptLine& line, const F& operation, const char* what) {
-  if (!operation) Stop(line, line.Words[1] + " cannot be " + what);
+const F& Operation(const ScriptLine& line, const F& operation, const char* refusal) {
+  if (!operation) Stop(line, line.Words[1] + " " + refusal);
   return operation;
 }
 
 // A user reaches only a control that is shown and enabled.
 void NeedReachable(const ScriptLine& line, const Control& control) {
-  if (control.Visible && !control.Visible()) Stop(line, line.Words[1] + " is hidden");
-  if (control.Enabled && !control.Enabled()) Stop(line, line.Words[1] + " is disabled");
+  if (control.Visible && !control.Visible()) Stop(line, line.Words[1] + " είναι κρυφό");
+  if (control.Enabled && !control.Enabled()) Stop(line, line.Words[1] + " είναι ανενεργό");
 }
 
 void NeedCell(const ScriptLine& line, const Control& control, int row, int col) {
   const TextGrid* grid = control.Grid;
   if (grid && (row < 1 || row > grid->MaxRows() || col < 1 || col > grid->MaxCols()))
-    Stop(line, "cell " + std::to_string(row) + " " + std::to_string(col) + " is outside " +
-                   line.Words[1] + " (" + std::to_string(grid->MaxRows()) + " rows, " +
-                   std::to_string(grid->MaxCols()) + " columns)");
+    Stop(line, "το κελί " + std::to_string(row) + " " + std::to_string(col) + " είναι έξω από " +
+                   line.Words[1] + " (" + std::to_string(grid->MaxRows()) + " γραμμές, " +
+                   std::to_string(grid->MaxCols()) + " στήλες)");
 }
 
 struct StateWord {
@@ -189,7 +190,7 @@ void ScriptDriver::PrintShown(const ScriptedPrompter::Shown& shown) {
 int ScriptDriver::RunFile(const std::filesystem::path& file, std::ostream& err) {
   std::ifstream in(file, std::ios::binary);
   if (!in) {
-    err << file.string() << ": the script cannot be read" << std::endl;
+    err << file.string() << ": το σενάριο δεν μπορεί να διαβαστεί" << std::endl;
     return 1;
   }
   const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
@@ -208,9 +209,9 @@ int ScriptDriver::RunText(const std::string& text, const std::string& fileName, 
   } catch (const ScriptError& e) {
     err << fileName_ << ":" << e.Line << ": " << e.What << std::endl;
   } catch (const std::exception& e) {
-    err << fileName_ << ":" << LineNumber() << ": the line failed: " << e.what() << std::endl;
+    err << fileName_ << ":" << LineNumber() << ": η γραμμή απέτυχε: " << e.what() << std::endl;
   } catch (...) {
-    err << fileName_ << ":" << LineNumber() << ": the line failed" << std::endl;
+    err << fileName_ << ":" << LineNumber() << ": η γραμμή απέτυχε" << std::endl;
   }
   modal_.clear();
   return 1;
@@ -249,22 +250,24 @@ ScriptScreen& ScriptDriver::ScreenNamed(const std::string& name, int line) {
                     std::any_of(modal_.begin(), modal_.end(),
                                 [&](ScriptScreen* s) { return s->ScreenName() == name; });
   if (open)
-    throw ScriptError{line, name + " is open but does not take lines now: " + top->ScreenName() +
-                                " is the screen on top"};
-  throw ScriptError{line, "no open screen is named " + name +
-                              (top ? " (the screen on top is " + top->ScreenName() + ")" : "")};
+    throw ScriptError{line, name +
+                                " είναι ανοιχτή αλλά δεν δέχεται γραμμές τώρα: από πάνω είναι η " +
+                                top->ScreenName()};
+  throw ScriptError{line, "καμία ανοιχτή οθόνη δεν λέγεται " + name +
+                              (top ? " (από πάνω είναι η " + top->ScreenName() + ")" : "")};
 }
 
 Control& ScriptDriver::ControlNamed(const std::string& dotted, int line, ScriptScreen** screen) {
   const std::size_t dot = dotted.find('.');
   if (dot == std::string::npos || dot == 0 || dot + 1 == dotted.size())
-    throw ScriptError{line, Quote(dotted) + " does not name a control as FORM.Control"};
+    throw ScriptError{line, Quote(dotted) + " δεν ονομάζει στοιχείο ελέγχου ως FORM.Control"};
   const std::string form = dotted.substr(0, dot);
   const std::string name = dotted.substr(dot + 1);
   ScriptScreen& named = ScreenNamed(form, line);
   ControlMap& controls = named.Controls();
   const auto at = controls.find(name);
-  if (at == controls.end()) throw ScriptError{line, form + " has no control " + Quote(name)};
+  if (at == controls.end())
+    throw ScriptError{line, form + " δεν έχει στοιχείο ελέγχου " + Quote(name)};
   if (screen) *screen = &named;
   return at->second;
 }
@@ -289,29 +292,29 @@ void ScriptDriver::Execute(const ScriptLine& line) {
   } else if (verb == "expect") {
     Expect(line);
   } else {
-    Stop(line, "unknown verb " + Quote(verb));
+    Stop(line, "άγνωστη εντολή " + Quote(verb));
   }
 }
 
 void ScriptDriver::ControlAction(const ScriptLine& line) {
   const std::string& verb = line.Words[0];
-  if (line.Words.size() < 2) Stop(line, verb + " needs FORM.Control");
+  if (line.Words.size() < 2) Stop(line, "η εντολή " + verb + " θέλει FORM.Control");
   ScriptScreen* screen = nullptr;
   const Control& c = ControlNamed(line.Words[1], line.Number, &screen);
   NeedReachable(line, c);
   if (verb == "set") {
     NeedWords(line, 3, "set FORM.Control \"text\"");
-    const auto type = Operation(line, c.Type, "typed into");
+    const auto type = Operation(line, c.Type, "δεν δέχεται πληκτρολόγηση");
     Act(*screen, [&] { type(line.Words[2]); });
   } else if (verb == "choose") {
     Choose(line, *screen, c);
   } else if (verb == "select") {
-    const auto select = Operation(line, c.Select, "selected in");
+    const auto select = Operation(line, c.Select, "δεν δέχεται επιλογή εγγραφών");
     const auto entries = WordsFrom(line, 2);
     Act(*screen, [&] { select(entries); });
   } else if (verb == "press") {
     NeedWords(line, 2, "press FORM.Control");
-    const auto press = Operation(line, c.Press, "pressed");
+    const auto press = Operation(line, c.Press, "δεν πατιέται");
     Act(*screen, [&] { press(); });
   } else {
     GridAction(line, *screen, c);
@@ -319,24 +322,24 @@ void ScriptDriver::ControlAction(const ScriptLine& line) {
 }
 
 void ScriptDriver::Choose(const ScriptLine& line, ScriptScreen& screen, const Control& c) {
-  NeedWords(line, 3, "choose FORM.Control \"entry\" (or #k)");
+  NeedWords(line, 3, "choose FORM.Control \"entry\" (ή #k)");
   const std::string& word = line.Words[2];
   if (!line.Quoted[2] && IsIndexWord(word)) {
-    const auto choose = Operation(line, c.ChooseIndex, "chosen from");
+    const auto choose = Operation(line, c.ChooseIndex, "δεν έχει εγγραφές για διάλεξη");
     int index = 0;
     const char* last = word.data() + word.size();
     const auto [end, ec] = std::from_chars(word.data() + 1, last, index);
     if (ec != std::errc() || end != last ||
         (c.Entries && index >= static_cast<int>(c.Entries().size())))
-      Stop(line, line.Words[1] + " has no entry " + word);
+      Stop(line, line.Words[1] + " δεν έχει εγγραφή " + word);
     Act(screen, [&] { choose(index); });
     return;
   }
-  const auto choose = Operation(line, c.ChooseText, "chosen from");
+  const auto choose = Operation(line, c.ChooseText, "δεν έχει εγγραφές για διάλεξη");
   if (c.Entries) {
     const auto entries = c.Entries();
     if (std::find(entries.begin(), entries.end(), word) == entries.end())
-      Stop(line, line.Words[1] + " has no entry " + Quote(word));
+      Stop(line, line.Words[1] + " δεν έχει εγγραφή " + Quote(word));
   }
   Act(screen, [&] { choose(word); });
 }
@@ -347,13 +350,13 @@ void ScriptDriver::GridAction(const ScriptLine& line, ScriptScreen& screen, cons
     NeedWords(line, 5, "cell FORM.Grid row column \"text\"");
     const int row = Number(line, 2), col = Number(line, 3);
     NeedCell(line, c, row, col);
-    const auto edit = Operation(line, c.EditCell, "edited as a grid");
+    const auto edit = Operation(line, c.EditCell, "δεν είναι πλέγμα για γράψιμο σε κελί");
     Act(screen, [&] { edit(row, col, line.Words[4]); });
   } else if (verb == "click") {
     NeedWords(line, 4, "click FORM.Grid row column");
     const int row = Number(line, 2), col = Number(line, 3);
     NeedCell(line, c, row, col);
-    const auto click = Operation(line, c.ClickCell, "clicked as a grid");
+    const auto click = Operation(line, c.ClickCell, "δεν είναι πλέγμα για κλικ σε κελί");
     Act(screen, [&] { click(row, col); });
   } else {
     NeedWords(line, 6, "mark FORM.Grid row1 column1 row2 column2");
@@ -363,7 +366,7 @@ void ScriptDriver::GridAction(const ScriptLine& line, ScriptScreen& screen, cons
                           .Row2 = Number(line, 4)};
     NeedCell(line, c, block.Row1, block.Col1);
     NeedCell(line, c, block.Row2, block.Col2);
-    const auto mark = Operation(line, c.MarkBlock, "marked as a grid");
+    const auto mark = Operation(line, c.MarkBlock, "δεν είναι πλέγμα για σημείωση κελιών");
     Act(screen, [&] { mark(block); });
   }
 }
@@ -378,13 +381,13 @@ void ScriptDriver::ScreenAction(const ScriptLine& line) {
   NeedWords(line, 3, "key FORM NAME");
   ScriptScreen& screen = ScreenNamed(line.Words[1], line.Number);
   const auto key = ParseKeyName(line.Words[2]);
-  if (!key) Stop(line, "unknown key " + Quote(line.Words[2]));
+  if (!key) Stop(line, "άγνωστο πλήκτρο " + Quote(line.Words[2]));
   Act(screen, [&] { screen.KeyDown(*key); });
 }
 
 void ScriptDriver::AnswerLine(const ScriptLine& line) {
   if (IsWord(line, 1, "YES") || IsWord(line, 1, "NO")) {
-    NeedWords(line, 2, "answer YES (or NO)");
+    NeedWords(line, 2, "answer YES (ή NO)");
     prompter_.QueueAnswer(line.Words[1] == "YES" ? Answer::Yes : Answer::No);
   } else if (IsWord(line, 1, "file")) {
     NeedWords(line, 3, "answer file \"path\"");
@@ -393,7 +396,7 @@ void ScriptDriver::AnswerLine(const ScriptLine& line) {
     NeedWords(line, 2, "answer cancel");
     fileAnswers_.push_back(std::nullopt);
   } else {
-    Stop(line, "answer needs YES, NO, file \"path\" or cancel");
+    Stop(line, "η εντολή answer θέλει YES, NO, file \"path\" ή cancel");
   }
 }
 
@@ -412,7 +415,7 @@ void ScriptDriver::Expect(const ScriptLine& line) {
              line.Words[1].find('.') != std::string::npos) {
     ExpectControl(line);
   } else {
-    Stop(line, "expect needs FORM.Control, screen, message, no message, file or no file");
+    Stop(line, "η εντολή expect θέλει FORM.Control, screen, message, no message, file ή no file");
   }
 }
 
@@ -422,9 +425,11 @@ void ScriptDriver::ExpectControl(const ScriptLine& line) {
   const std::string& name = line.Words[1];
   if (args.size() == 1 && !line.Quoted[2]) {
     const StateWord* state = FindState(args[0]);
-    if (!state) Stop(line, "unknown state " + Quote(args[0]) + " (a text is always quoted)");
+    if (!state)
+      Stop(line,
+           "άγνωστη κατάσταση " + Quote(args[0]) + " (ένα κείμενο γράφεται πάντα σε εισαγωγικά)");
     const auto& get = c.*(state->State);
-    if (!get) Stop(line, name + " has no " + state->Word + " state");
+    if (!get) Stop(line, name + " δεν έχει κατάσταση " + state->Word);
     if (get() != state->Wanted) Mismatch(line, name + " " + state->Word, state->Opposite);
   } else if (c.Grid && args.size() == 3 && !line.Quoted[2] && !line.Quoted[3]) {
     const int row = Number(line, 2), col = Number(line, 3);
@@ -439,15 +444,15 @@ void ScriptDriver::ExpectControl(const ScriptLine& line) {
     const std::string found = c.GetText();
     if (found != args[0]) Mismatch(line, name + " " + Quote(args[0]), Quote(found));
   } else {
-    Stop(line, name + " cannot be checked that way");
+    Stop(line, name + " δεν ελέγχεται με αυτόν τον τρόπο");
   }
 }
 
 void ScriptDriver::ExpectScreen(const ScriptLine& line) {
   NeedWords(line, 3, "expect screen FORM");
   ScriptScreen* top = TopScreen();
-  const std::string found = top ? "screen " + top->ScreenName() : "no screen";
-  if (!top || top->ScreenName() != line.Words[2]) Mismatch(line, "screen " + line.Words[2], found);
+  const std::string found = top ? "η οθόνη " + top->ScreenName() : "καμία οθόνη";
+  if (!top || top->ScreenName() != line.Words[2]) Mismatch(line, "η οθόνη " + line.Words[2], found);
 }
 
 void ScriptDriver::ExpectMessage(const ScriptLine& line) {
@@ -456,12 +461,12 @@ void ScriptDriver::ExpectMessage(const ScriptLine& line) {
   expectedUpTo_ = std::min(expectedUpTo_, history.size());
   const std::string& wanted = line.Words[2];
   if (expectedUpTo_ == history.size())
-    Mismatch(line, "message " + Quote(wanted),
-             "none (no message box was shown since the last expected one)");
+    Mismatch(line, "το μήνυμα " + Quote(wanted),
+             "κανένα (δεν εμφανίστηκε μήνυμα μετά το τελευταίο αναμενόμενο)");
   const Message& box = history[expectedUpTo_].Box;
   const bool matches = box.Title == wanted ||
                        std::find(box.Lines.begin(), box.Lines.end(), wanted) != box.Lines.end();
-  if (!matches) Mismatch(line, "message " + Quote(wanted), Quote(box.OneLine()));
+  if (!matches) Mismatch(line, "το μήνυμα " + Quote(wanted), Quote(box.OneLine()));
   ++expectedUpTo_;
 }
 
@@ -470,13 +475,14 @@ void ScriptDriver::ExpectNoMessage(const ScriptLine& line) {
   const auto& history = prompter_.History();
   expectedUpTo_ = std::min(expectedUpTo_, history.size());
   if (expectedUpTo_ < history.size())
-    Mismatch(line, "no message", Quote(history[expectedUpTo_].Box.OneLine()));
+    Mismatch(line, "κανένα μήνυμα", Quote(history[expectedUpTo_].Box.OneLine()));
 }
 
 void ScriptDriver::ExpectFile(const ScriptLine& line, bool present) {
   if (present) {
     NeedWords(line, 5, "expect file \"NAME\" size N");
-    if (!IsWord(line, 3, "size")) Stop(line, "the line must read: expect file \"NAME\" size N");
+    if (!IsWord(line, 3, "size"))
+      Stop(line, "η γραμμή πρέπει να γράφεται: expect file \"NAME\" size N");
   } else {
     NeedWords(line, 4, "expect no file \"NAME\"");
   }
@@ -485,13 +491,14 @@ void ScriptDriver::ExpectFile(const ScriptLine& line, bool present) {
   std::error_code ec;
   const bool exists = std::filesystem::is_regular_file(file, ec);
   const auto size = exists ? std::filesystem::file_size(file, ec) : 0;
-  const std::string found = exists ? "file " + Quote(name) + " of size " + std::to_string(size)
-                                   : "no file " + Quote(name);
+  const std::string found = exists
+                                ? "το αρχείο " + Quote(name) + " μεγέθους " + std::to_string(size)
+                                : "κανένα αρχείο " + Quote(name);
   if (!present) {
-    if (exists) Mismatch(line, "no file " + Quote(name), found);
+    if (exists) Mismatch(line, "κανένα αρχείο " + Quote(name), found);
     return;
   }
   const int wanted = Number(line, 4);
   if (!exists || wanted < 0 || size != static_cast<std::uintmax_t>(wanted))
-    Mismatch(line, "file " + Quote(name) + " size " + std::to_string(wanted), found);
+    Mismatch(line, "το αρχείο " + Quote(name) + " μεγέθους " + std::to_string(wanted), found);
 }

@@ -39,7 +39,8 @@ void FrmRavolin::CmdSave_Click() {
   FocusOn(Grid);
   if (st_.Calculated == 0) return;
   SaveTemporarData();
-  const auto answer = platform_.AskSaveFile(ws_.PathOf(Workspace::kStudiesFolder), kStudyFilter);
+  const auto answer = platform_.AskSaveFile(ws_.PathOf(Workspace::kStudiesFolder), kStudyFilter,
+                                            std::filesystem::path(st_.StudyFileName));
   if (!answer) return;
   std::string fileName = answer->string();
   if (!EndsWithStudyExtension(fileName)) fileName += kStudyExtension;

@@ -24,13 +24,16 @@ void QtPlatform::OpenDocument(const std::filesystem::path& file) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file.string())));
 }
 
-// "Special Files (*.sht)|*.sht" becomes Qt's "Special Files (*.sht)".
-std::optional<std::filesystem::path> QtPlatform::AskSaveFile(const std::filesystem::path& folder,
-                                                             const std::string& filter) {
+// "Special Files (*.sht)|*.sht" becomes Qt's "Special Files (*.sht)". A proposed file opens
+// the dialog in its own folder with its name in the box.
+std::optional<std::filesystem::path> QtPlatform::AskSaveFile(
+    const std::filesystem::path& folder, const std::string& filter,
+    const std::filesystem::path& proposed) {
   const QString qtFilter = QString::fromStdString(filter.substr(0, filter.find('|')));
+  const std::filesystem::path start = proposed.empty() ? folder : folder / proposed;
   const QString name = QFileDialog::getSaveFileName(
       QApplication::activeWindow(), QStringLiteral("ΑΠΟΘΗΚΕΥΣΗ ΤΗΣ ΜΕΛΕΤΗΣ"),
-      QString::fromStdString(folder.string()), qtFilter);
+      QString::fromStdString(start.string()), qtFilter);
   if (name.isEmpty()) return std::nullopt;
   return std::filesystem::path(name.toStdString());
 }

@@ -9,7 +9,8 @@ class QtPlatform : public Platform {
   Separators NumberSeparators() const override;
   void OpenDocument(const std::filesystem::path& file) override;
   std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
-                                                   const std::string& filter) override;
+                                                   const std::string& filter,
+                                                   const std::filesystem::path& proposed) override;
   std::optional<std::filesystem::path> AskOpenFile(const std::filesystem::path& folder,
                                                    const std::string& filter) override;
 };

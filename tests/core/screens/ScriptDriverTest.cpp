@@ -293,7 +293,7 @@ answer YES
 
 TEST_F(ScriptDriverTest, AFailureInsideAModalScreenStopsTheWholeScript) {
   EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect FrmChild.TxtName \"x\"\npress FrmFake.CmdGo\n"), 1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: expected FrmChild.TxtName \"x\", found \"\"\n");
+  EXPECT_EQ(err_.str(), "t.rvs:2: αναμενόταν FrmChild.TxtName \"x\", βρέθηκε \"\"\n");
   EXPECT_EQ(main_.LblResult.Text, "");  // the command that opened the screen never went on
   EXPECT_TRUE(prompter_.History().empty());
   // The driver is back at the main screen for the next run.
@@ -310,7 +310,7 @@ TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
     boundary.Run(screen, action);
   });
   EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect screen FrmFake\n"), 1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: expected screen FrmFake, found screen FrmChild\n");
+  EXPECT_EQ(err_.str(), "t.rvs:2: αναμενόταν η οθόνη FrmFake, βρέθηκε η οθόνη FrmChild\n");
   EXPECT_TRUE(prompter_.History().empty());  // no fault box: the script stopped
 }
 
@@ -318,29 +318,29 @@ TEST_F(ScriptDriverTest, TheFirstFailingExpectationStopsTheScript) {
   EXPECT_EQ(Run("expect FrmFake.TxtValue \"85\"\nexpect FrmFake.TxtValue \"86\"\n"
                 "press FrmFake.CmdGo\nexpect FrmFake.TxtValue \"87\"\n"),
             1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: expected FrmFake.TxtValue \"86\", found \"85\"\n");
+  EXPECT_EQ(err_.str(), "t.rvs:2: αναμενόταν FrmFake.TxtValue \"86\", βρέθηκε \"85\"\n");
   EXPECT_TRUE(prompter_.History().empty());
 }
 
 TEST_F(ScriptDriverTest, AFailureEscapingACommandStopsTheScript) {
   EXPECT_EQ(Run("\npress FrmFake.CmdBoom\n"), 1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: the line failed: boom\n");
+  EXPECT_EQ(err_.str(), "t.rvs:2: η γραμμή απέτυχε: boom\n");
   std::ostringstream err;
   EXPECT_EQ(driver_.RunText("press FrmFake.CmdOdd", "u.rvs", err), 1);
-  EXPECT_EQ(err.str(), "u.rvs:1: the line failed\n");
+  EXPECT_EQ(err.str(), "u.rvs:1: η γραμμή απέτυχε\n");
 }
 
 TEST_F(ScriptDriverTest, AScriptFileThatCannotBeReadFails) {
   const auto missing = folder_ / "none.rvs";
   EXPECT_EQ(driver_.RunFile(missing, err_), 1);
-  EXPECT_EQ(err_.str(), missing.string() + ": the script cannot be read\n");
+  EXPECT_EQ(err_.str(), missing.string() + ": το σενάριο δεν μπορεί να διαβαστεί\n");
 }
 
 TEST_F(ScriptDriverTest, AScriptFileNamesItselfInItsErrors) {
   const auto file = folder_ / "Σενάριο.rvs";
   WriteAllBytes(file, "expect no message\nexpect FrmFake.TxtValue \"1\"\n");
   EXPECT_EQ(driver_.RunFile(file, err_), 1);
-  EXPECT_EQ(err_.str(), file.string() + ":2: expected FrmFake.TxtValue \"1\", found \"85\"\n");
+  EXPECT_EQ(err_.str(), file.string() + ":2: αναμενόταν FrmFake.TxtValue \"1\", βρέθηκε \"85\"\n");
 }
 
 TEST_F(ScriptDriverTest, FailuresSayWhatWasExpectedAndWhatWasFound) {
@@ -351,32 +351,38 @@ TEST_F(ScriptDriverTest, FailuresSayWhatWasExpectedAndWhatWasFound) {
   const std::string warning = "\"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\"";
   const std::vector<Case> cases = {
       {"# a comment\nexpect FrmFake.TxtValue \"86\"",
-       "t.rvs:2: expected FrmFake.TxtValue \"86\", found \"85\""},
-      {"expect FrmFake.CmdGo disabled", "t.rvs:1: expected FrmFake.CmdGo disabled, found enabled"},
-      {"expect FrmFake.CmdOff enabled", "t.rvs:1: expected FrmFake.CmdOff enabled, found disabled"},
-      {"expect FrmFake.CmdGone visible", "t.rvs:1: expected FrmFake.CmdGone visible, found hidden"},
+       "t.rvs:2: αναμενόταν FrmFake.TxtValue \"86\", βρέθηκε \"85\""},
+      {"expect FrmFake.CmdGo disabled",
+       "t.rvs:1: αναμενόταν FrmFake.CmdGo disabled, βρέθηκε enabled"},
+      {"expect FrmFake.CmdOff enabled",
+       "t.rvs:1: αναμενόταν FrmFake.CmdOff enabled, βρέθηκε disabled"},
+      {"expect FrmFake.CmdGone visible",
+       "t.rvs:1: αναμενόταν FrmFake.CmdGone visible, βρέθηκε hidden"},
       {"expect FrmFake.ChkSave checked",
-       "t.rvs:1: expected FrmFake.ChkSave checked, found unchecked"},
+       "t.rvs:1: αναμενόταν FrmFake.ChkSave checked, βρέθηκε unchecked"},
       {"\n\nexpect FrmFake.Grid 2 3 \"1,091\"",
-       "t.rvs:3: expected FrmFake.Grid 2 3 \"1,091\", found \"\""},
+       "t.rvs:3: αναμενόταν FrmFake.Grid 2 3 \"1,091\", βρέθηκε \"\""},
       {"expect FrmFake.LstFiles \"a.sht\"",
-       "t.rvs:1: expected FrmFake.LstFiles \"a.sht\", found \"a.sht\" \"b.sht\" \"c.sht\""},
+       "t.rvs:1: αναμενόταν FrmFake.LstFiles \"a.sht\", βρέθηκε \"a.sht\" \"b.sht\" \"c.sht\""},
       {"expect FrmFake.LstFiles",
-       "t.rvs:1: expected FrmFake.LstFiles (no entries), found \"a.sht\" \"b.sht\" \"c.sht\""},
+       "t.rvs:1: αναμενόταν FrmFake.LstFiles (καμία εγγραφή), βρέθηκε \"a.sht\" \"b.sht\" "
+       "\"c.sht\""},
       {"expect FrmFake.LstEmpty \"x\"",
-       "t.rvs:1: expected FrmFake.LstEmpty \"x\", found (no entries)"},
+       "t.rvs:1: αναμενόταν FrmFake.LstEmpty \"x\", βρέθηκε (καμία εγγραφή)"},
       {"expect FrmFake.CboPipes \"Φ18x1\"",
-       "t.rvs:1: expected FrmFake.CboPipes \"Φ18x1\", found \"Φ16x1\""},
-      {"expect screen FrmChild", "t.rvs:1: expected screen FrmChild, found screen FrmFake"},
+       "t.rvs:1: αναμενόταν FrmFake.CboPipes \"Φ18x1\", βρέθηκε \"Φ16x1\""},
+      {"expect screen FrmChild", "t.rvs:1: αναμενόταν η οθόνη FrmChild, βρέθηκε η οθόνη FrmFake"},
       {"expect message \"X\"",
-       "t.rvs:1: expected message \"X\", found none (no message box was shown since the last "
-       "expected one)"},
+       "t.rvs:1: αναμενόταν το μήνυμα \"X\", βρέθηκε κανένα (δεν εμφανίστηκε μήνυμα μετά το "
+       "τελευταίο αναμενόμενο)"},
       {"expect file \"SHEETS.TMP\" size 196",
-       "t.rvs:1: expected file \"SHEETS.TMP\" size 196, found no file \"SHEETS.TMP\""},
+       "t.rvs:1: αναμενόταν το αρχείο \"SHEETS.TMP\" μεγέθους 196, βρέθηκε κανένα αρχείο "
+       "\"SHEETS.TMP\""},
       {"expect file \"KEEP.DAT\" size 5",
-       "t.rvs:1: expected file \"KEEP.DAT\" size 5, found file \"KEEP.DAT\" of size 4"},
+       "t.rvs:1: αναμενόταν το αρχείο \"KEEP.DAT\" μεγέθους 5, βρέθηκε το αρχείο \"KEEP.DAT\" "
+       "μεγέθους 4"},
       {"expect no file \"KEEP.DAT\"",
-       "t.rvs:1: expected no file \"KEEP.DAT\", found file \"KEEP.DAT\" of size 4"},
+       "t.rvs:1: αναμενόταν κανένα αρχείο \"KEEP.DAT\", βρέθηκε το αρχείο \"KEEP.DAT\" μεγέθους 4"},
   };
   for (const auto& c : cases) {
     TempFolder folder;
@@ -392,22 +398,23 @@ TEST_F(ScriptDriverTest, FailuresSayWhatWasExpectedAndWhatWasFound) {
     EXPECT_EQ(err.str(), std::string(c.Error) + "\n") << c.Script;
   }
   EXPECT_EQ(Run("press FrmFake.CmdGo\nexpect message \"X\""), 1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: expected message \"X\", found " + warning + "\n");
+  EXPECT_EQ(err_.str(), "t.rvs:2: αναμενόταν το μήνυμα \"X\", βρέθηκε " + warning + "\n");
 }
 
 TEST_F(ScriptDriverTest, MessagesOutOfStepFail) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"press FrmFake.CmdGo\nexpect no message",
-       "t.rvs:2: expected no message, found \"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 "
+       "t.rvs:2: αναμενόταν κανένα μήνυμα, βρέθηκε \"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... "
+       "ΓΡΑΜΜΗ 2 "
        "...\""},
       {"press FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"\nexpect message \"... ΠΡΟΣΟΧΗ "
        "...\"",
-       "t.rvs:3: expected message \"... ΠΡΟΣΟΧΗ ...\", found none (no message box was shown "
-       "since the last expected one)"},
+       "t.rvs:3: αναμενόταν το μήνυμα \"... ΠΡΟΣΟΧΗ ...\", βρέθηκε κανένα (δεν εμφανίστηκε "
+       "μήνυμα μετά το τελευταίο αναμενόμενο)"},
       {"key FrmFake F5\npress FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"",
-       "t.rvs:3: expected message \"... ΠΡΟΣΟΧΗ ...\", found \"F5\""},
+       "t.rvs:3: αναμενόταν το μήνυμα \"... ΠΡΟΣΟΧΗ ...\", βρέθηκε \"F5\""},
       {"key FrmFake F5\nexpect message \"F5\"\nkey FrmFake F5\nexpect no message",
-       "t.rvs:4: expected no message, found \"F5\""},
+       "t.rvs:4: αναμενόταν κανένα μήνυμα, βρέθηκε \"F5\""},
   };
   for (const auto& [script, error] : cases) {
     ScriptedPrompter prompter;
@@ -426,45 +433,47 @@ TEST_F(ScriptDriverTest, LinesThatCannotBeUnderstoodStopTheScript) {
     const char* Error;
   };
   const std::vector<Case> cases = {
-      {"frobnicate FrmFake", "t.rvs:1: unknown verb \"frobnicate\""},
+      {"frobnicate FrmFake", "t.rvs:1: άγνωστη εντολή \"frobnicate\""},
       {"press FrmNone.CmdGo",
-       "t.rvs:1: no open screen is named FrmNone (the screen on top is "
+       "t.rvs:1: καμία ανοιχτή οθόνη δεν λέγεται FrmNone (από πάνω είναι η "
        "FrmFake)"},
-      {"key FrmNone F1", "t.rvs:1: no open screen is named FrmNone (the screen on top is FrmFake)"},
-      {"press FrmFake.CmdNone", "t.rvs:1: FrmFake has no control \"CmdNone\""},
-      {"press CmdGo", "t.rvs:1: \"CmdGo\" does not name a control as FORM.Control"},
-      {"cell FrmFake.Grid x 1 \"5\"", "t.rvs:1: \"x\" is not a whole number"},
-      {"cell FrmFake.Grid 1 \"1\" \"5\"", "t.rvs:1: \"1\" is not a whole number"},
+      {"key FrmNone F1",
+       "t.rvs:1: καμία ανοιχτή οθόνη δεν λέγεται FrmNone (από πάνω είναι η FrmFake)"},
+      {"press FrmFake.CmdNone", "t.rvs:1: FrmFake δεν έχει στοιχείο ελέγχου \"CmdNone\""},
+      {"press CmdGo", "t.rvs:1: \"CmdGo\" δεν ονομάζει στοιχείο ελέγχου ως FORM.Control"},
+      {"cell FrmFake.Grid x 1 \"5\"", "t.rvs:1: \"x\" δεν είναι ακέραιος αριθμός"},
+      {"cell FrmFake.Grid 1 \"1\" \"5\"", "t.rvs:1: \"1\" δεν είναι ακέραιος αριθμός"},
       {"cell FrmFake.Grid 4 1 \"5\"",
-       "t.rvs:1: cell 4 1 is outside FrmFake.Grid (3 rows, 4 columns)"},
+       "t.rvs:1: το κελί 4 1 είναι έξω από FrmFake.Grid (3 γραμμές, 4 στήλες)"},
       {"expect FrmFake.Grid 1 5 \"\"",
-       "t.rvs:1: cell 1 5 is outside FrmFake.Grid (3 rows, 4 columns)"},
-      {"set FrmFake.LblResult \"x\"", "t.rvs:1: FrmFake.LblResult cannot be typed into"},
-      {"press FrmFake.TxtValue", "t.rvs:1: FrmFake.TxtValue cannot be pressed"},
-      {"choose FrmFake.TxtValue \"x\"", "t.rvs:1: FrmFake.TxtValue cannot be chosen from"},
-      {"cell FrmFake.TxtValue 1 1 \"x\"", "t.rvs:1: FrmFake.TxtValue cannot be edited as a grid"},
-      {"press FrmFake.CmdOff", "t.rvs:1: FrmFake.CmdOff is disabled"},
-      {"press FrmFake.CmdGone", "t.rvs:1: FrmFake.CmdGone is hidden"},
-      {"key FrmFake F13", "t.rvs:1: unknown key \"F13\""},
-      {"set FrmFake.TxtValue \"1", "t.rvs:1: the quote is never closed"},
-      {"set FrmFake.TxtValue", "t.rvs:1: the line must read: set FORM.Control \"text\""},
-      {"press FrmFake.CmdGo now", "t.rvs:1: the line must read: press FORM.Control"},
-      {"answer MAYBE", "t.rvs:1: answer needs YES, NO, file \"path\" or cancel"},
+       "t.rvs:1: το κελί 1 5 είναι έξω από FrmFake.Grid (3 γραμμές, 4 στήλες)"},
+      {"set FrmFake.LblResult \"x\"", "t.rvs:1: FrmFake.LblResult δεν δέχεται πληκτρολόγηση"},
+      {"press FrmFake.TxtValue", "t.rvs:1: FrmFake.TxtValue δεν πατιέται"},
+      {"choose FrmFake.TxtValue \"x\"", "t.rvs:1: FrmFake.TxtValue δεν έχει εγγραφές για διάλεξη"},
+      {"cell FrmFake.TxtValue 1 1 \"x\"",
+       "t.rvs:1: FrmFake.TxtValue δεν είναι πλέγμα για γράψιμο σε κελί"},
+      {"press FrmFake.CmdOff", "t.rvs:1: FrmFake.CmdOff είναι ανενεργό"},
+      {"press FrmFake.CmdGone", "t.rvs:1: FrmFake.CmdGone είναι κρυφό"},
+      {"key FrmFake F13", "t.rvs:1: άγνωστο πλήκτρο \"F13\""},
+      {"set FrmFake.TxtValue \"1", "t.rvs:1: τα εισαγωγικά δεν κλείνουν"},
+      {"set FrmFake.TxtValue", "t.rvs:1: η γραμμή πρέπει να γράφεται: set FORM.Control \"text\""},
+      {"press FrmFake.CmdGo now", "t.rvs:1: η γραμμή πρέπει να γράφεται: press FORM.Control"},
+      {"answer MAYBE", "t.rvs:1: η εντολή answer θέλει YES, NO, file \"path\" ή cancel"},
       {"expect FrmFake.TxtValue shiny",
-       "t.rvs:1: unknown state \"shiny\" (a text is always quoted)"},
-      {"expect FrmFake.Grid checked", "t.rvs:1: FrmFake.Grid has no checked state"},
+       "t.rvs:1: άγνωστη κατάσταση \"shiny\" (ένα κείμενο γράφεται πάντα σε εισαγωγικά)"},
+      {"expect FrmFake.Grid checked", "t.rvs:1: FrmFake.Grid δεν έχει κατάσταση checked"},
       {"expect FrmFake.TxtValue \"a\" \"b\"",
-       "t.rvs:1: FrmFake.TxtValue cannot be checked that way"},
+       "t.rvs:1: FrmFake.TxtValue δεν ελέγχεται με αυτόν τον τρόπο"},
       {"expect nothing",
-       "t.rvs:1: expect needs FORM.Control, screen, message, no message, file or "
+       "t.rvs:1: η εντολή expect θέλει FORM.Control, screen, message, no message, file ή "
        "no file"},
-      {"expect file \"KEEP.DAT\" size x", "t.rvs:1: \"x\" is not a whole number"},
-      {"choose FrmFake.CboPipes \"Φ99\"", "t.rvs:1: FrmFake.CboPipes has no entry \"Φ99\""},
-      {"choose FrmFake.CboPipes #3", "t.rvs:1: FrmFake.CboPipes has no entry #3"},
+      {"expect file \"KEEP.DAT\" size x", "t.rvs:1: \"x\" δεν είναι ακέραιος αριθμός"},
+      {"choose FrmFake.CboPipes \"Φ99\"", "t.rvs:1: FrmFake.CboPipes δεν έχει εγγραφή \"Φ99\""},
+      {"choose FrmFake.CboPipes #3", "t.rvs:1: FrmFake.CboPipes δεν έχει εγγραφή #3"},
       {"press FrmFake.CmdOpen\npress FrmFake.CmdGo",
-       "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top"},
+       "t.rvs:2: FrmFake είναι ανοιχτή αλλά δεν δέχεται γραμμές τώρα: από πάνω είναι η FrmChild"},
       {"press FrmFake.CmdOpen\nexpect FrmFake.TxtValue \"85\"",
-       "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top"},
+       "t.rvs:2: FrmFake είναι ανοιχτή αλλά δεν δέχεται γραμμές τώρα: από πάνω είναι η FrmChild"},
   };
   for (const auto& c : cases) {
     ScriptedPrompter prompter;
