@@ -21,7 +21,7 @@ class BatchPlatform : public Platform {
  public:
   DisplaySize Display() const override { return {}; }
   Separators NumberSeparators() const override { return SystemSeparators(); }
-  void OpenDocument(const fs::path&) override {}
+  bool OpenDocument(const fs::path&) override { return false; }
 };
 
 // A screen opened during a batch run is closed at once: nobody is there to answer it.

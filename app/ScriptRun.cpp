@@ -17,8 +17,9 @@ class ScriptPlatform : public Platform {
       : display_(display), out_(out), driver_(driver), folder_(std::move(folder)) {}
   DisplaySize Display() const override { return display_; }
   Separators NumberSeparators() const override { return SystemSeparators(); }
-  void OpenDocument(const std::filesystem::path& file) override {
+  bool OpenDocument(const std::filesystem::path& file) override {
     out_ << "[open] " << file.filename().string() << '\n';
+    return true;
   }
   // The answer queued by `answer file`, relative to the program folder; the script names the
   // whole file, so the proposed one plays no part.

@@ -18,7 +18,8 @@ class Platform {
   // The separators of the user's locale (SystemSeparators() on the desktop).
   virtual Separators NumberSeparators() const = 0;
   // Opens a document in the desktop's viewer (the manual, "RM.pdf").
-  virtual void OpenDocument(const std::filesystem::path& file) = 0;
+  // False when the desktop has no program that could be started for it.
+  virtual bool OpenDocument(const std::filesystem::path& file) = 0;
   // The desktop's dialog for the name of a file to write, opened on `folder` with `filter` in
   // the old form "Special Files (*.sht)|*.sht". `proposed` is the file the box starts on (the
   // study's own file, so that a second save only needs Enter); empty for none. Nothing when

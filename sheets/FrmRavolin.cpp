@@ -314,5 +314,8 @@ bool FrmRavolin::Form_KeyDown(const KeyStroke& key) {
 }
 
 void FrmRavolin::ShowManual() {
-  if (ws_.FileExists(kManualFile)) platform_.OpenDocument(ws_.PathOf(kManualFile));
+  // No manual, no box; a manual that nothing on the desktop can open is said so.
+  if (!ws_.FileExists(kManualFile)) return;
+  if (!platform_.OpenDocument(ws_.PathOf(kManualFile)))
+    prompter_.Show(RavoMessageBox(RavoMessage::ManualNotOpened));
 }

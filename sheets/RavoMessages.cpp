@@ -75,6 +75,11 @@ const std::vector<MessageEntry<RavoMessage>>& RavoMessageTable() {
                  {"... Για μια ισορροπημένη Μελέτη το Συνολικό Φορτίο των Σωμάτων τού Βρόχου ...",
                   "... ΔΕΝ πρέπει να υπερβαίνει τα 8.000 [Kcal/h] !...",
                   "... ΑΦΑΙΡΕΣΤΕ ΣΩΜΑΤΑ ΑΠΟ ΤΟΝ ΒΡΟΧΟ ή ΑΛΛΑΞΤΕ ΤΗΝ ΔΟΜΗ ΤΟΥ ΒΡΟΧΟΥ ..."})},
+      // The manual is there, but the desktop has no program that opens it.
+      {ManualNotOpened,
+       NoticeBox("... ΠΡΟΣΟΧΗ ...",
+                 {"... ΔΕΝ βρέθηκε πρόγραμμα για την ανάγνωση τού Εγχειριδίου < RM.pdf > ...",
+                  "... Εγκαταστήστε ένα πρόγραμμα ανάγνωσης αρχείων PDF ..."})},
   };
   return table;
 }

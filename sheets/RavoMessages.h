@@ -28,6 +28,7 @@ enum class RavoMessage : int16_t {
   NewStudyLosesData = 3,
   RadiatorTooSmall = 4,
   ExcessiveLoopLoad = 5,
+  ManualNotOpened = 6,
 };
 
 // Every box of the table, in the order of the codes above.

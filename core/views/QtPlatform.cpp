@@ -20,8 +20,8 @@ Separators QtPlatform::NumberSeparators() const {
   return SystemSeparators();
 }
 
-void QtPlatform::OpenDocument(const std::filesystem::path& file) {
-  QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+bool QtPlatform::OpenDocument(const std::filesystem::path& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(file.string())));
 }
 
 // "Special Files (*.sht)|*.sht" becomes Qt's "Special Files (*.sht)". A proposed file opens

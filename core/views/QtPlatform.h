@@ -7,7 +7,7 @@ class QtPlatform : public Platform {
  public:
   DisplaySize Display() const override;
   Separators NumberSeparators() const override;
-  void OpenDocument(const std::filesystem::path& file) override;
+  bool OpenDocument(const std::filesystem::path& file) override;
   std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
                                                    const std::string& filter,
                                                    const std::filesystem::path& proposed) override;

@@ -75,13 +75,20 @@ TEST_F(ViewTest, LeavingAFieldRunsItsCheck) {
   EXPECT_EQ(drop->text(), QStringLiteral("20"));
 }
 
-TEST_F(ViewTest, F1ReachesTheFormWhicheverControlHasTheFocus) {
-  WriteAllBytes(folder / "RM.pdf", "%PDF");
+TEST_F(ViewTest, F1OpensTheManualWhicheverControlHasTheFocusAndSaysWhenItCannot) {
   view.Kit().Widget<QTableView>("Grid")->setFocus();
+  QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), Qt::Key_F1);  // no manual: silence
+  EXPECT_TRUE(platform.Opened.empty());
+  WriteAllBytes(folder / "RM.pdf", "%PDF");
   QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), Qt::Key_F1);
   view.Kit().Widget<FilteredLineEdit>("TxtOwnership")->setFocus();
   QTest::keyClick(view.Kit().Widget<FilteredLineEdit>("TxtOwnership"), Qt::Key_F1);
   EXPECT_EQ(platform.Opened, (std::vector<std::string>{"RM.pdf", "RM.pdf"}));
+  EXPECT_TRUE(prompter.History().empty());
+  platform.CanOpenDocuments = false;  // a desktop without a PDF viewer
+  QTest::keyClick(view.Kit().Widget<FilteredLineEdit>("TxtOwnership"), Qt::Key_F1);
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(prompter.History()[0].Box.Lines, RavoMessageBox(RavoMessage::ManualNotOpened).Lines);
 }
 
 TEST_F(ViewTest, AnEditOfTheGridReachesTheLogic) {

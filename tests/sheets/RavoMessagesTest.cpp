@@ -40,6 +40,7 @@ TEST(RavoMessages, EveryCodeAsksOrTellsAsTheSystemDoes) {
       {NewStudyLosesData, {MessageButtons::YesNo, Answer::No, MessageIcon::Question, 0}},
       {RadiatorTooSmall, {MessageButtons::Ok, Answer::Ok, MessageIcon::Exclamation, 0}},
       {ExcessiveLoopLoad, {MessageButtons::Ok, Answer::Ok, MessageIcon::Exclamation, 0}},
+      {ManualNotOpened, {MessageButtons::Ok, Answer::Ok, MessageIcon::Exclamation, 0}},
   };
   ASSERT_EQ(RavoMessageTable().size(), rules.size());
   for (const auto& [code, box] : RavoMessageTable()) {

@@ -22,9 +22,11 @@ class FakePlatform : public Platform {
   std::vector<SaveAsk> SaveAsks;
   DisplaySize Display() const override { return Size; }
   Separators NumberSeparators() const override { return Seps; }
-  void OpenDocument(const std::filesystem::path& file) override {
+  bool OpenDocument(const std::filesystem::path& file) override {
     Opened.push_back(file.filename().string());
+    return CanOpenDocuments;
   }
+  bool CanOpenDocuments = true;
   std::optional<std::filesystem::path> AskSaveFile(const std::filesystem::path& folder,
                                                    const std::string&,
                                                    const std::filesystem::path& proposed) override {
