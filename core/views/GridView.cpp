@@ -1,6 +1,7 @@
 #include "GridView.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLineEdit>
@@ -159,6 +160,21 @@ void GridView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint h
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
+  const QString text = event->text();
+  const bool typed = !text.isEmpty() && text.at(0).isPrint() &&
+                     !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+  if (typed && !OpenEditor()) {
+    // The character opens the editor and is its first: put there by hand, since an event handed
+    // on to a new editor can be lost to the desktop's input method. A locked cell keeps it out.
+    event->accept();
+    if (!currentIndex().isValid() || !edit(currentIndex(), AnyKeyPressed, nullptr)) return;
+    typing_ = true;
+    if (auto* line = qobject_cast<QLineEdit*>(OpenEditor()))
+      line->setText(text);
+    else if (QWidget* editor = OpenEditor())
+      QCoreApplication::sendEvent(editor, event);  // a list cell looks the letter up
+    return;
+  }
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     Move(event->modifiers() & Qt::ShiftModifier ? MoveUp : MoveDown);
     event->accept();
