@@ -10,9 +10,7 @@
 FrmRavoAddView::FrmRavoAddView(FrmRavoAdd& logic, CommandBoundary& boundary, QWidget* parent)
     : DialogView(logic, boundary, parent) {
   auto* layout = new QGridLayout(this);
-  Kit().Make<FilteredLineEdit>("TxtSomaName")->SetSelectionStart([&logic] {
-    return logic.SomaNameSelectionStart();
-  });
+  // The widgets are made in the order Tab visits them.
   const std::pair<const char*, const char*> rows[] = {
       {"LblAdded", "TxtAdded"}, {"LblSomaName", "TxtSomaName"}, {"LblRoomTemp", "CboRoomTemp"}};
   int row = 0;
@@ -29,6 +27,9 @@ FrmRavoAddView::FrmRavoAddView(FrmRavoAdd& logic, CommandBoundary& boundary, QWi
     buttons->addWidget(Kit().Make(name));
   }
   layout->addLayout(buttons, row, 0, 1, 2);
+  Kit().Widget<FilteredLineEdit>("TxtSomaName")->SetSelectionStart([&logic] {
+    return logic.SomaNameSelectionStart();
+  });
   setMinimumWidth(720);
   OpenBelow("Grid");
   Kit().Render();

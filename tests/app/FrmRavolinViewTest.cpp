@@ -250,6 +250,11 @@ TEST_F(ViewTest, TheAddingDialogShowsItsFieldsAndAddsThroughTheLogic) {
   name->setFocus();
   QTest::keyClicks(name, "WC-ROOM");
   EXPECT_EQ(name->text(), QStringLiteral("WC-RO"));
+  dialog.activateWindow();  // Shift-Tab goes back to the load, in the order of the fields
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  name->setFocus();
+  QTest::keyClick(name, Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::focusWidget(), added);
   QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
   EXPECT_EQ(logic.Grid.Text(1, 1), "WC-RO");
   EXPECT_EQ(logic.Grid.Text(1, 2), "125");
