@@ -97,38 +97,6 @@ INSTANTIATE_TEST_SUITE_P(
         RowFault{"2", "500", "20", "", 10,
                  "... ΔΕΝ έχετε επιλέξει Τύπο Σώματος στη Σειρά Νο : < 2 > ..."}));
 
-struct LoadSum {
-  std::vector<const char*> Loads;
-  bool Refused;
-};
-
-class LoadLimitTest : public CalcTest, public ::testing::WithParamInterface<LoadSum> {};
-
-TEST_P(LoadLimitTest, TheLoopLoadIsLimitedTo8000RoundedAfterEachAddition) {
-  Load();
-  TypeHeader();
-  int row = 0;
-  for (const char* load : GetParam().Loads) ++row, Row(row, std::to_string(row), load, "20");
-  Calculate();
-  if (GetParam().Refused) {
-    ASSERT_EQ(prompter.History().size(), 1u);
-    EXPECT_EQ(LastBox().Title, "... ΥΠΕΡΒΟΛΙΚΑ ΦΟΡΤΙΑ ΣΤΟΝ ΒΡΟΧΟ ...");
-    EXPECT_EQ(LastBox().Lines.size(), 3u);
-    EXPECT_EQ(form->TxtFlow.Text, "");
-  } else {
-    EXPECT_TRUE(prompter.History().empty());
-    EXPECT_NE(form->TxtFlow.Text, "");
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Sums, LoadLimitTest,
-                         ::testing::Values(LoadSum{{"8000"}, false}, LoadSum{{"8000.6"}, true},
-                                           LoadSum{{"8000.4"}, false},
-                                           LoadSum{{"4000.4", "4000.4"}, false},  // 4000 + 4000
-                                           LoadSum{{"4000.6", "4000.4"}, true},   // 4001 + 4000
-                                           LoadSum{{"1000000000"}, true},
-                                           LoadSum{{"-500", "8400"}, false}));
-
 TEST_F(CalcTest, NoRowsAndAnIncompleteRowGiveMessageOne) {
   Load();
   TypeHeader();
@@ -198,26 +166,6 @@ TEST_F(CalcTest, ACalculationMarksTheSavedRecordOfTheSheetValid) {
   EXPECT_EQ(state.Calculated, -1);
 }
 
-// Inlet 30 and a drop of 30: the single radiator's mean water is 15 °C, the room's temperature.
-TEST_F(CalcTest, ARoomAsWarmAsTheWaterFailsAndLeavesScreenAndFilesAsTheyWere) {
-  Load();
-  TypeHeader("30", "30");
-  SheetRecord saved;
-  saved.SheetNo = 1;
-  RecordFile<SheetRecord>(folder / "SHEETS.TMP").Write(1, saved);
-  Row(1, "1", "1000", "15");
-  const std::string before = ReadAllBytes(folder / "SHEETS.TMP");
-  const TextGrid grid = form->Grid;
-  Calculate();
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
-  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), before);
-  for (int col = 1; col <= 14; ++col) EXPECT_EQ(form->Grid.Text(1, col), grid.Text(1, col));
-  EXPECT_EQ(form->TxtFlow.Text, "");
-  EXPECT_EQ(state.Calculated, 0);
-  EXPECT_EQ(form->InCalculation, 0);
-}
-
 // Not checked, by design: water cooler than the room gives a negative factor and load.
 TEST_F(CalcTest, ARoomWarmerThanTheWaterGivesNegativeFiguresWithoutAMessage) {
   Load();
@@ -231,40 +179,6 @@ TEST_F(CalcTest, ARoomWarmerThanTheWaterGivesNegativeFiguresWithoutAMessage) {
   EXPECT_EQ(form->Grid.Text(2, 9), "-5,714");
   EXPECT_EQ(form->Grid.Text(2, 11), "-63/II/905");  // Int(-63.5) + 1
   EXPECT_EQ(form->Grid.Text(2, 13), "");            // an area not above 0 shows empty
-}
-
-class StepsFamilyCalcTest : public CalcTest {
- protected:
-  void SetUp() override {
-    WriteTypeFile("Πάνελ.ths", 2, "Πάνελ", {Stepped("22/600", 100, 0.25f, 100, "400", 1, 30, "")});
-    Load();
-    Choose("CboSomata", "Πάνελ");
-    TypeHeader();
-  }
-};
-
-TEST_F(StepsFamilyCalcTest, ALoadBetweenMultiplesIsSized) {
-  Row(1, "1", "1000", "20", "22/600");  // equivalent 1090.9: 11 steps
-  Calculate();
-  EXPECT_TRUE(prompter.History().empty());
-  EXPECT_EQ(form->Grid.Text(1, 11), "1100/22/600");
-  EXPECT_EQ(form->Grid.Text(1, 12), "1,100");
-  EXPECT_EQ(form->Grid.Text(1, 14), "4.40");
-}
-
-// Two radiators of 1000 at 85 with a drop of 20: the first sees a mean of 80 and an equivalent
-// of exactly 1000, ten steps of 100. The stepped family never gives that a silent size.
-TEST_F(StepsFamilyCalcTest, AnExactMultipleFailsAndNothingIsWritten) {
-  Row(1, "1", "1000", "20", "22/600");
-  Row(2, "2", "1000", "20", "22/600");
-  Calculate();
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
-  EXPECT_NE(LastBox().Lines[1].find("22/600"), std::string::npos);
-  for (int row : {1, 2})
-    for (int col : {5, 9, 11, 12}) EXPECT_EQ(form->Grid.Text(row, col), "") << row << "," << col;
-  EXPECT_EQ(form->TxtFlow.Text, "");
-  EXPECT_EQ(state.Calculated, 0);
 }
 
 TEST_F(CalcTest, AModelRatedBelowHalfAKcalStopsTheCommandWithFilesAsTheyWere) {

@@ -103,13 +103,6 @@ TEST_F(NavigationTest, PgDnOnAnEmptyNewSheetAsksAndNoLeavesTheCounterOneAhead) {
   EXPECT_EQ(form->Txta_a.Text, "3");
 }
 
-TEST_F(NavigationTest, PgDnOnAnEmptySheetOfANewStudyDoesNothing) {
-  Key(KeyCode::PageDown);
-  EXPECT_TRUE(prompter.History().empty());
-  EXPECT_EQ(state.CurrentSheet, 1);
-  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
-}
-
 TEST_F(NavigationTest, AMissingLengthStopsPgDnButNotPgUp) {
   Study(2);
   Type("TxtLoopLength", "");
@@ -137,19 +130,6 @@ TEST_F(NavigationTest, ASheetWithoutResultsCannotBeLeft) {
     EXPECT_EQ(form->Txta_a.Text, "2");
   }
   EXPECT_EQ(form->Grid.Text(2, 2), "999");
-}
-
-TEST_F(NavigationTest, FirstAndLastDoNothingWhereTheyAlreadyAre) {
-  Study(3);
-  const std::string loops = Bytes("LOOPS.TMP");
-  KeyStroke end{KeyCode::End, true};
-  boundary.Run(*form, [&] { form->Form_KeyDown(end); });
-  EXPECT_EQ(form->Txta_a.Text, "3");
-  Key(KeyCode::PageUp);
-  Key(KeyCode::PageUp);
-  Key(KeyCode::PageUp);  // at sheet 1 already
-  ExpectSheetShown(1);
-  EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
 }
 
 struct DeleteCase {
@@ -211,25 +191,6 @@ TEST_F(NavigationTest, ASecondPgDnWhileTheFirstWaitsIsIgnored) {
 }
 
 // ---- Files that are not what the sheets wrote ----------------------------------------------
-
-TEST_F(NavigationTest, ALoopsFileCutShortShowsTheMissingRowsEmpty) {
-  Study(2);
-  std::filesystem::resize_file(folder / "LOOPS.TMP", (8 + 1) * 298);  // one row of sheet 2
-  boundary.Run(*form, [&] { form->LoadSheet(1); });
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(2); }));
-  EXPECT_EQ(form->Grid.Text(1, 2), "210");
-  EXPECT_EQ(form->Grid.Text(2, 2), "");
-  EXPECT_EQ(form->Grid.DataRowCount(), 1);
-}
-
-TEST_F(NavigationTest, ASheetsFileOfOddLengthCountsRounded) {
-  Study(2);
-  std::filesystem::resize_file(folder / "SHEETS.TMP", 2 * 196 + 50);
-  EXPECT_EQ(form->CountSheets(), 2);
-  std::filesystem::resize_file(folder / "SHEETS.TMP", 2 * 196 + 150);
-  EXPECT_EQ(form->CountSheets(), 3);
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(3); }));  // the part-record reads as zeros
-}
 
 TEST_F(NavigationTest, ASheetNumberThatDisagreesIsToldAndTheSheetKeepsItsPlace) {
   Study(2);

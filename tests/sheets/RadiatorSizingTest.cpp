@@ -47,40 +47,6 @@ INSTANTIATE_TEST_SUITE_P(
         UnitCountCase{1e7f, 90, false, std::nullopt, FaultCode::Overflow},  // 111112 units
         UnitCountCase{1e10f, 90, false, std::nullopt, FaultCode::Overflow}));
 
-struct SectionCase {
-  float Load;
-  const char* Model;
-  const char* Text;
-  float Output, Area, Length;
-};
-
-class SectionSizingTest : public SheetsTest, public ::testing::WithParamInterface<SectionCase> {};
-
-TEST_P(SectionSizingTest, SizesFromTheRatingTable) {
-  const SectionCase& c = GetParam();
-  RadiatorSizing sizing(ws, state);
-  SomaSize size;
-  size.Area = 7.5f;  // what the area held before: an unknown model leaves it
-  sizing.CalculateSoma_Fetes(0, c.Load, c.Model, size);
-  EXPECT_EQ(size.SomaText, c.Text);
-  EXPECT_FLOAT_EQ(size.Output, c.Output);
-  EXPECT_FLOAT_EQ(size.Area, c.Area);
-  EXPECT_FLOAT_EQ(size.Length, c.Length);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Models, SectionSizingTest,
-    ::testing::Values(SectionCase{500, "II/905", "6/II/905", 540, 1.2f, 0.24f},
-                      SectionCase{450, "II/905", "5/II/905", 450, 1.0f, 0.2f},
-                      SectionCase{450.4f, "ΙΙ/905", "5/ΙΙ/905", 450, 1.0f, 0.2f},
-                      SectionCase{500, "ΙΩ/905", "3/ΙΩ/905", 510, 1.26f, 0.12f},
-                      SectionCase{500, "ΙV/905", "3/ΙV/905", 510, 1.26f, 0.12f},
-                      SectionCase{1000, "ΙΙΙ/355", "16/ΙΙΙ/355", 1040, 2.24f, 0.64f},
-                      SectionCase{800, "IV/355", "10/IV/355", 800, 1.9f, 0.4f},
-                      // the comparison is exact: no other case, no other letters
-                      SectionCase{500, "ii/905", "0/ii/905", 0, 7.5f, 0},
-                      SectionCase{500, "V/905", "0/V/905", 0, 7.5f, 0}));
-
 TEST_F(SheetsTest, SectionsAbove32767KcalOverflow) {
   RadiatorSizing sizing(ws, state);
   SomaSize size;
@@ -146,24 +112,6 @@ TEST_F(PanelSizingTest, ABlankInsideTheListOrAnEmptyTokenIsAFailureNamingTheList
       EXPECT_NE(fault.Detail().find("22/600"), std::string::npos);
     }
   }
-}
-
-TEST_F(PanelSizingTest, SizeTextOutputLengthAndAreaFollowTheSteps) {
-  WorkingCopy({Stepped("11/600", 90.5f, 0.12f, 100, "400", 4, 30, ""),
-               Stepped("22/600", 150.5f, 0.25f, 100, "400", 4, 30, "")});
-  const SomaSize size = Size(1137.48f, "22/600");  // 1137 mod 150 = 87: 7 + 1 steps
-  EXPECT_EQ(size.SomaText, "800/22/600");
-  EXPECT_FLOAT_EQ(size.Output, 1204);  // the whole part of 8 x 150.5
-  EXPECT_FLOAT_EQ(size.Length, 3.2f);  // 400 x 8 / 1000
-  EXPECT_FLOAT_EQ(size.Area, 2.0f);
-}
-
-TEST_F(PanelSizingTest, AModelNotInTheFamilyIsSizedFromItsLastRecord) {
-  WorkingCopy({Stepped("11/600", 90, 0.12f, 100, "400", 4, 30, ""),
-               Stepped("22/600", 150, 0.25f, 100, "400", 4, 30, "")});
-  const SomaSize size = Size(1000, "33/900");  // 1000 mod 150 = 100: 6 + 1 steps of 22/600
-  EXPECT_EQ(size.SomaText, "700/33/900");
-  EXPECT_FLOAT_EQ(size.Output, 1050);
 }
 
 TEST_F(PanelSizingTest, AMissingWorkingCopyIsCreatedEmptyAndTheRecordReadBeforeStays) {

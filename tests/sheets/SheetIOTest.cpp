@@ -210,35 +210,6 @@ TEST_F(SheetIOTest, AnEmptySheetOfAStudyAsksWhetherItIsToGo) {
   EXPECT_EQ(state.LastAnswer, "");
 }
 
-TEST_F(SheetIOTest, DeletingSheetTwoOfThreeMovesTheThirdUpAndDropsTheDerivedFiles) {
-  SavedSheet(1, "Φ16x1", 10, {"II/905"});
-  SavedSheet(2, "Φ18x1", 10, {"II/655", "II/505"});
-  SavedSheet(3, "Φ16x1", 7, {"III/905", "IV/905", "II/355"});
-  WriteAllBytes(folder / "DATARES.TMP", "derived");
-  WriteAllBytes(folder / "RAVOFLOORS.TMP", "levels");
-  Load();
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(2); }));
-  prompter.Clear();
-  prompter.QueueAnswer(Answer::Yes);
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->CmdDeleteSheet_Click(); }));
-  EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ ΟΛΟΚΛΗΡΟ ΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
-  const auto sheets = Sheets();
-  ASSERT_EQ(sheets.size(), 2u);
-  EXPECT_EQ(sheets[1].SheetNo, 2);
-  EXPECT_EQ(sheets[1].LoopLength, 7.0f);
-  const auto loops = Loops();
-  ASSERT_EQ(loops.size(), 16u);
-  EXPECT_EQ(loops[8].SheetNo, 2);
-  EXPECT_EQ(loops[8].SomaType, "III/905");
-  EXPECT_EQ(state.SheetCount, 2);
-  EXPECT_EQ(form->Txta_a.Text, "2");
-  EXPECT_EQ(form->Grid.Text(3, 10), "II/355");
-  EXPECT_FALSE(std::filesystem::exists(folder / "DATARES.TMP"));
-  EXPECT_FALSE(std::filesystem::exists(folder / "RAVOFLOORS.TMP"));
-  EXPECT_FALSE(std::filesystem::exists(folder / "~SHEETS.TMP"));
-  EXPECT_EQ(state.StudyChanged, -1);
-}
-
 TEST_F(SheetIOTest, TheOnlySheetIsNeverDeleted) {
   SavedSheet(1, "Φ16x1", 10, {"II/905"});
   Load();

