@@ -6,18 +6,14 @@
 #include "ClientRecord.h"
 #include "Cp1253.h"
 #include "KillAtRewriteStep.h"
+#include "ProgramFolder.h"
 #include "RecordFile.h"
 #include "Scramble.h"
 #include "TempFolder.h"
 
 namespace {
 
-class ClientListTest : public ::testing::Test {
- protected:
-  ClientListTest() : ws(folder.Path()) { ws.SetPauseMilliseconds(0); }
-  TempFolder folder;
-  Workspace ws;
-};
+class ClientListTest : public ::testing::Test, public ProgramFolder {};
 
 TEST_F(ClientListTest, AFieldIsTheScrambledTrimmedTextThenPlainBlanks) {
   const std::string stored = StoredField("  Κ. Νικολάου  ", 78);

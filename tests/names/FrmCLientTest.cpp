@@ -7,16 +7,15 @@
 #include "FrmCLPass.h"
 #include "FrmCLient.h"
 #include "KillAtRewriteStep.h"
+#include "ProgramFolder.h"
 #include "RecordFile.h"
 #include "ScriptedScreens.h"
 #include "TempFolder.h"
 
 namespace {
 
-class FrmCLientTest : public ::testing::Test {
+class FrmCLientTest : public ::testing::Test, public ProgramFolder {
  protected:
-  FrmCLientTest() : ws(folder.Path()) { ws.SetPauseMilliseconds(0); }
-
   void MakeList(std::vector<std::string> names, std::string password = {}) {
     WriteClients(ws, ClientList{std::move(names), std::move(password)});
   }
@@ -46,8 +45,6 @@ class FrmCLientTest : public ::testing::Test {
     };
   }
 
-  TempFolder folder;
-  Workspace ws;
   StudyState state;
   ScriptedPrompter prompter;
   ScriptedScreens screens;

@@ -239,18 +239,6 @@ class AddDialogTest : public EditTest {
   }
 };
 
-TEST_F(AddDialogTest, AZeroLoadOrAnEmptyNameKeepsTheFocusOnTheField) {
-  Add([&](FrmRavoAdd& add) {
-    add.CmdOK_Click();
-    EXPECT_EQ(add.FocusTarget(), "TxtAdded");
-    Type(add, "TxtAdded", "900");
-    add.CmdOK_Click();
-    EXPECT_EQ(add.FocusTarget(), "TxtSomaName");
-    EXPECT_FALSE(add.Closed());
-  });
-  EXPECT_EQ(form->Grid.DataRowCount(), 0);
-}
-
 TEST_F(AddDialogTest, TheEighthRadiatorClosesTheDialog) {
   for (int r = 1; r <= 6; ++r) Row(r, "500");
   Add([&](FrmRavoAdd& add) {

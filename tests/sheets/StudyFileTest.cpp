@@ -71,13 +71,8 @@ TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles
   EXPECT_EQ(LastBox().Lines.front(), "!! Η ΤΡΕΧΟΥΣΑ ΜΕΛΕΤΗ, ΔΕΝ ΕΧΕΙ < ΣΩΘΕΙ > ΣΕ ΑΡΧΕΙΟ !!");
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
   EXPECT_FALSE(std::filesystem::exists(folder / "LOOPS.TMP"));
-  EXPECT_EQ(form->TxtThema.Text, "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
-  EXPECT_EQ(form->TxtOwnership.Text, "");
   EXPECT_EQ(form->TxtLoopLength.Text, "");
-  EXPECT_EQ(form->TxtTempDrop.Text, "20");
   EXPECT_EQ(form->TxtOrigTemp.Text, "80");  // kept, as Txta_a
-  EXPECT_EQ(form->Txta_a.Text, "1");
-  EXPECT_EQ(form->Grid.DataRowCount(), 0);
   EXPECT_EQ(state.StudyChanged, 0);
   EXPECT_EQ(state.ColumnsEditable, 0);
   EXPECT_EQ(state.SomaCategory, 1);  // the first family of the combo is taken again
@@ -112,14 +107,6 @@ TEST_F(StudyFileTest, ASaveIntoAFolderThatIsNotThereFailsCleanly) {
   EXPECT_EQ(Bytes(folder / "SHEETS.TMP"), sheets);
   EXPECT_EQ(form->Grid.Text(1, 11), size);
   EXPECT_EQ(size, "12/II/905");
-}
-
-TEST_F(StudyFileTest, ASubjectOutsideTheCodePageIsSavedWithItsOtherCharactersWhole) {
-  Type("TxtThema", "Μελέτη ☺ Α");
-  CalculatedSheet();
-  platform.FileAnswers.push_back(Study("Η"));
-  CtrlS();
-  EXPECT_EQ(RecordFile<SheetRecord>(Study("Η.sht")).Read(1).Thema, "Μελέτη ? Α");
 }
 
 // The disk fills while the second file of the .lps is written: the study on disk stays the
