@@ -190,32 +190,4 @@ TEST(ShippedFamilies, SteppedRatingsAreTheEn442FiguresAt80Over20) {
   EXPECT_EQ(rated[kAluminiumFile], RecordCount(Shipped(kAluminiumFile)));
 }
 
-// One worked radiator of each stepped family, as the sizing will make it (2000 is no multiple
-// of the rounded rating, so the count is the whole part of load / rating, plus 1): 22/600
-// for 2000 Kcal/h takes 12 steps, 1.2 m, 2077 Kcal/h; Al-600 takes 12 sections, 0.96 m,
-// 2011 Kcal/h.
-TEST(ShippedFamilies, WorkedSizesFromTheShippedRatings) {
-  struct Worked {
-    const char* File;
-    const char* Model;
-    double Load;
-    int Steps;
-    int Output;
-    double Length;
-  } const cases[] = {
-      {kPanelFile, "22/600", 2000, 12, 2077, 1.2},
-      {kAluminiumFile, "Al-600", 2000, 12, 2011, 0.96},
-  };
-  for (const Worked& w : cases) {
-    SCOPED_TRACE(w.Model);
-    const std::vector<std::string> found = RecordsOf(Shipped(w.File), w.Model);
-    ASSERT_EQ(found.size(), 1u);
-    const double rating = F32At(found[0], kUnitOutput);
-    const int steps = static_cast<int>(std::floor(w.Load / rating)) + 1;
-    EXPECT_EQ(steps, w.Steps);
-    EXPECT_EQ(static_cast<int>(steps * rating), w.Output);
-    EXPECT_DOUBLE_EQ(steps * std::stod(RightTrimmed(found[0], kFirstSoma, 10)) / 1000, w.Length);
-  }
-}
-
 }  // namespace

@@ -140,17 +140,6 @@ TEST(RecordFile, FailuresOfTheFileSystemThrowTheirFault) {
   EXPECT_EQ(fs::file_size(dir / "SHEETS.TMP"), 0u);
 }
 
-TEST(RecordFile, TheFileMovesWithItsOwner) {
-  TempFolder dir;
-  RecordFile<SheetRecord> first(dir / "SHEETS.TMP");
-  first.Write(1, Numbered(1));
-  RecordFile<SheetRecord> other(dir / "OTHER.TMP");
-  other = RecordFile<SheetRecord>(std::move(first));
-  other.Write(2, Numbered(2));
-  other.Close();
-  EXPECT_EQ(fs::file_size(dir / "SHEETS.TMP"), 392u);
-}
-
 // A journal that remembers each report and what the file held at that moment.
 class RecordingJournal : public FileJournal {
  public:

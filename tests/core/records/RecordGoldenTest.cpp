@@ -177,30 +177,6 @@ TEST(RecordGolden, LoopRecord) {
   ExpectGolden(KnownLoop(), kLoopImage, 298);
 }
 
-TEST(RecordGolden, LoopRecordOfRowThreeOfSheetTwoIsNumberEleven) {
-  EXPECT_EQ(LoopRecordNumber(1, 1), 1);
-  EXPECT_EQ(LoopRecordNumber(2, 3), 11);
-  EXPECT_EQ(LoopRecordNumber(3, 8), 24);
-  TempFolder dir;
-  RecordFile<LoopRecord> loops(dir / "LOOPS.TMP");
-  loops.Write(LoopRecordNumber(2, 3), KnownLoop());
-  const std::string disk = ReadAllBytes(dir / "LOOPS.TMP");
-  ASSERT_EQ(disk.size(), 11u * 298u);
-  ExpectImage(disk.substr(10 * 298), kLoopImage);
-}
-
-TEST(RecordGolden, NewRecordWritesZerosInTheReservedFields) {
-  TempFolder dir;
-  RecordFile<LoopRecord> loops(dir / "LOOPS.TMP");
-  loops.Write(1, LoopRecord{});
-  const std::string disk = ReadAllBytes(dir / "LOOPS.TMP");
-  ASSERT_EQ(disk.size(), 298u);
-  EXPECT_EQ(disk.substr(110, 53), std::string(53, '\0'));
-  EXPECT_EQ(disk.substr(282, 16), std::string(16, '\0'));
-  EXPECT_EQ(disk.substr(2, 78), std::string(78, ' '));
-  EXPECT_EQ(disk.substr(203, 5), std::string(5, ' '));
-}
-
 SomaRecord KnownSoma() {
   return {.CategoryNo = 2,
           .RecordNo = 3,
