@@ -86,21 +86,6 @@ TEST(ParseScript, RefusesBrokenQuotes) {
   }
 }
 
-TEST_F(ScriptDriverTest, TextBoxesAreTypedIntoAsAUserWould) {
-  Pass(R"(# a comment line
-set FrmFake.TxtValue "12a3"          # the filter drops the letter
-set FrmFake.TxtThema "Οικία \"Παπαδόπουλου\" # 2"
-expect FrmFake.TxtValue "123"
-expect FrmFake.TxtThema "Οικία \"Παπαδόπουλου\" # 2"
-set FrmFake.TxtValue ""
-expect FrmFake.TxtValue ""
-expect FrmFake.CmdGo "ΥΠΟΛΟΓΙΣΜΟΣ"
-expect screen FrmFake
-)");
-  EXPECT_EQ(main_.TxtValue.Text, "");
-  EXPECT_EQ(err_.str(), "");
-}
-
 TEST_F(ScriptDriverTest, GridsAreEditedClickedAndMarked) {
   Pass(R"(cell FrmFake.Grid 2 3 "1000"
 expect FrmFake.Grid 2 3 "1000"
@@ -212,36 +197,6 @@ expect FrmFake.LblResult "x.sht"
   EXPECT_FALSE(driver_.TakeFileAnswer().has_value());
 }
 
-TEST_F(ScriptDriverTest, FilesOfTheProgramFolderAreChecked) {
-  std::filesystem::create_directories(folder_.Path() / "RVLFiles");
-  WriteAllBytes(folder_ / "SHEETS.TMP", std::string(196, '\0'));
-  WriteAllBytes(folder_ / "RVLFiles/Μελέτη 1.sht", "abc");
-  Pass(R"(expect file "SHEETS.TMP" size 196
-expect file "RVLFiles/Μελέτη 1.sht" size 3
-expect no file "LOOPS.TMP"
-expect no file "RVLFiles/Μελέτη 2.sht"
-)");
-}
-
-TEST_F(ScriptDriverTest, AModalScreenTakesTheLinesUntilItCloses) {
-  Pass(R"(press FrmFake.CmdOpen
-expect screen FrmChild
-set FrmChild.TxtName "Νίκος"
-press FrmChild.CmdOK
-expect screen FrmFake
-expect FrmFake.LblResult "after child: Νίκος"
-press FrmFake.CmdOpen
-key FrmChild Esc
-expect screen FrmFake
-press FrmFake.CmdOpen
-close FrmChild
-expect screen FrmFake
-)");
-  EXPECT_EQ(log_,
-            (std::vector<std::string>{"FrmChild returned", "FrmChild key Esc", "FrmChild returned",
-                                      "FrmChild close box", "FrmChild returned"}));
-}
-
 TEST_F(ScriptDriverTest, ScreensStillOpenWhenTheScriptEndsAreClosedInnermostFirst) {
   Pass(R"(press FrmFake.CmdOpen
 press FrmChild.CmdOpen
@@ -314,14 +269,6 @@ TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
   EXPECT_TRUE(prompter_.History().empty());  // no fault box: the script stopped
 }
 
-TEST_F(ScriptDriverTest, TheFirstFailingExpectationStopsTheScript) {
-  EXPECT_EQ(Run("expect FrmFake.TxtValue \"85\"\nexpect FrmFake.TxtValue \"86\"\n"
-                "press FrmFake.CmdGo\nexpect FrmFake.TxtValue \"87\"\n"),
-            1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: expected FrmFake.TxtValue \"86\", found \"85\"\n");
-  EXPECT_TRUE(prompter_.History().empty());
-}
-
 TEST_F(ScriptDriverTest, AFailureEscapingACommandStopsTheScript) {
   EXPECT_EQ(Run("\npress FrmFake.CmdBoom\n"), 1);
   EXPECT_EQ(err_.str(), "t.rvs:2: the line failed: boom\n");
@@ -330,26 +277,36 @@ TEST_F(ScriptDriverTest, AFailureEscapingACommandStopsTheScript) {
   EXPECT_EQ(err.str(), "u.rvs:1: the line failed\n");
 }
 
-TEST_F(ScriptDriverTest, AScriptFileThatCannotBeReadFails) {
+TEST_F(ScriptDriverTest, AScriptFileNamesItselfInItsErrors) {
   const auto missing = folder_ / "none.rvs";
   EXPECT_EQ(driver_.RunFile(missing, err_), 1);
   EXPECT_EQ(err_.str(), missing.string() + ": the script cannot be read\n");
-}
-
-TEST_F(ScriptDriverTest, AScriptFileNamesItselfInItsErrors) {
   const auto file = folder_ / "Σενάριο.rvs";
   WriteAllBytes(file, "expect no message\nexpect FrmFake.TxtValue \"1\"\n");
+  err_.str({});
   EXPECT_EQ(driver_.RunFile(file, err_), 1);
   EXPECT_EQ(err_.str(), file.string() + ":2: expected FrmFake.TxtValue \"1\", found \"85\"\n");
 }
 
-TEST_F(ScriptDriverTest, FailuresSayWhatWasExpectedAndWhatWasFound) {
-  struct Case {
-    const char* Script;
-    const char* Error;
-  };
+// Runs a script that must fail on a fresh driver over a folder holding KEEP.DAT (4 bytes) and
+// gives its error; `log` gets what the screens did.
+std::string Failure(const std::string& script, std::vector<std::string>& log) {
+  TempFolder folder;
+  WriteAllBytes(folder / "KEEP.DAT", "abcd");
+  ScriptedPrompter prompter;
+  std::ostringstream out, err;
+  ScriptDriver driver(prompter, folder.Path(), out);
+  FakeChild child("FrmChild", driver, log);
+  FakeMain main(prompter, driver, child, log);
+  driver.SetMainScreen(&main);
+  EXPECT_EQ(driver.RunText(script, "t.rvs", err), 1) << script;
+  return err.str();
+}
+
+TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFound) {
   const std::string warning = "\"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\"";
-  const std::vector<Case> cases = {
+  const std::string none = "none (no message box was shown since the last expected one)";
+  const std::vector<std::pair<std::string, std::string>> cases = {
       {"# a comment\nexpect FrmFake.TxtValue \"86\"",
        "t.rvs:2: expected FrmFake.TxtValue \"86\", found \"85\""},
       {"expect FrmFake.CmdGo disabled", "t.rvs:1: expected FrmFake.CmdGo disabled, found enabled"},
@@ -368,68 +325,38 @@ TEST_F(ScriptDriverTest, FailuresSayWhatWasExpectedAndWhatWasFound) {
       {"expect FrmFake.CboPipes \"Φ18x1\"",
        "t.rvs:1: expected FrmFake.CboPipes \"Φ18x1\", found \"Φ16x1\""},
       {"expect screen FrmChild", "t.rvs:1: expected screen FrmChild, found screen FrmFake"},
-      {"expect message \"X\"",
-       "t.rvs:1: expected message \"X\", found none (no message box was shown since the last "
-       "expected one)"},
+      {"expect message \"X\"", "t.rvs:1: expected message \"X\", found " + none},
       {"expect file \"SHEETS.TMP\" size 196",
        "t.rvs:1: expected file \"SHEETS.TMP\" size 196, found no file \"SHEETS.TMP\""},
       {"expect file \"KEEP.DAT\" size 5",
        "t.rvs:1: expected file \"KEEP.DAT\" size 5, found file \"KEEP.DAT\" of size 4"},
       {"expect no file \"KEEP.DAT\"",
        "t.rvs:1: expected no file \"KEEP.DAT\", found file \"KEEP.DAT\" of size 4"},
-  };
-  for (const auto& c : cases) {
-    TempFolder folder;
-    WriteAllBytes(folder / "KEEP.DAT", "abcd");
-    ScriptedPrompter prompter;
-    std::ostringstream out, err;
-    ScriptDriver driver(prompter, folder.Path(), out);
-    std::vector<std::string> log;
-    FakeChild child("FrmChild", driver, log);
-    FakeMain main(prompter, driver, child, log);
-    driver.SetMainScreen(&main);
-    EXPECT_EQ(driver.RunText(c.Script, "t.rvs", err), 1) << c.Script;
-    EXPECT_EQ(err.str(), std::string(c.Error) + "\n") << c.Script;
-  }
-  EXPECT_EQ(Run("press FrmFake.CmdGo\nexpect message \"X\""), 1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: expected message \"X\", found " + warning + "\n");
-}
-
-TEST_F(ScriptDriverTest, MessagesOutOfStepFail) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"press FrmFake.CmdGo\nexpect no message",
-       "t.rvs:2: expected no message, found \"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 "
-       "...\""},
-      {"press FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"\nexpect message \"... ΠΡΟΣΟΧΗ "
-       "...\"",
-       "t.rvs:3: expected message \"... ΠΡΟΣΟΧΗ ...\", found none (no message box was shown "
-       "since the last expected one)"},
+      // Messages out of step.
+      {"press FrmFake.CmdGo\nexpect message \"X\"",
+       "t.rvs:2: expected message \"X\", found " + warning},
+      {"press FrmFake.CmdGo\nexpect no message", "t.rvs:2: expected no message, found " + warning},
+      {"press FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"\n"
+       "expect message \"... ΠΡΟΣΟΧΗ ...\"",
+       "t.rvs:3: expected message \"... ΠΡΟΣΟΧΗ ...\", found " + none},
       {"key FrmFake F5\npress FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"",
        "t.rvs:3: expected message \"... ΠΡΟΣΟΧΗ ...\", found \"F5\""},
       {"key FrmFake F5\nexpect message \"F5\"\nkey FrmFake F5\nexpect no message",
        "t.rvs:4: expected no message, found \"F5\""},
   };
   for (const auto& [script, error] : cases) {
-    ScriptedPrompter prompter;
-    std::ostringstream out, err;
-    ScriptDriver driver(prompter, folder_.Path(), out);
-    FakeMain main(prompter, driver, child_, log_);
-    driver.SetMainScreen(&main);
-    EXPECT_EQ(driver.RunText(script, "t.rvs", err), 1) << script;
-    EXPECT_EQ(err.str(), error + "\n") << script;
+    std::vector<std::string> log;
+    EXPECT_EQ(Failure(script, log), error + "\n") << script;
   }
 }
 
-TEST_F(ScriptDriverTest, LinesThatCannotBeUnderstoodStopTheScript) {
-  struct Case {
-    const char* Script;
-    const char* Error;
-  };
-  const std::vector<Case> cases = {
+TEST(ScriptDriverFailure, LinesThatCannotBeUnderstoodStopTheScript) {
+  const std::string notOnTop =
+      "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top";
+  const std::vector<std::pair<std::string, std::string>> cases = {
       {"frobnicate FrmFake", "t.rvs:1: unknown verb \"frobnicate\""},
       {"press FrmNone.CmdGo",
-       "t.rvs:1: no open screen is named FrmNone (the screen on top is "
-       "FrmFake)"},
+       "t.rvs:1: no open screen is named FrmNone (the screen on top is FrmFake)"},
       {"key FrmNone F1", "t.rvs:1: no open screen is named FrmNone (the screen on top is FrmFake)"},
       {"press FrmFake.CmdNone", "t.rvs:1: FrmFake has no control \"CmdNone\""},
       {"press CmdGo", "t.rvs:1: \"CmdGo\" does not name a control as FORM.Control"},
@@ -456,27 +383,17 @@ TEST_F(ScriptDriverTest, LinesThatCannotBeUnderstoodStopTheScript) {
       {"expect FrmFake.TxtValue \"a\" \"b\"",
        "t.rvs:1: FrmFake.TxtValue cannot be checked that way"},
       {"expect nothing",
-       "t.rvs:1: expect needs FORM.Control, screen, message, no message, file or "
-       "no file"},
+       "t.rvs:1: expect needs FORM.Control, screen, message, no message, file or no file"},
       {"expect file \"KEEP.DAT\" size x", "t.rvs:1: \"x\" is not a whole number"},
       {"choose FrmFake.CboPipes \"Φ99\"", "t.rvs:1: FrmFake.CboPipes has no entry \"Φ99\""},
       {"choose FrmFake.CboPipes #3", "t.rvs:1: FrmFake.CboPipes has no entry #3"},
-      {"press FrmFake.CmdOpen\npress FrmFake.CmdGo",
-       "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top"},
-      {"press FrmFake.CmdOpen\nexpect FrmFake.TxtValue \"85\"",
-       "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top"},
+      {"press FrmFake.CmdOpen\npress FrmFake.CmdGo", notOnTop},
+      {"press FrmFake.CmdOpen\nexpect FrmFake.TxtValue \"85\"", notOnTop},
   };
-  for (const auto& c : cases) {
-    ScriptedPrompter prompter;
-    std::ostringstream out, err;
-    ScriptDriver driver(prompter, folder_.Path(), out);
+  for (const auto& [script, error] : cases) {
     std::vector<std::string> log;
-    FakeChild child("FrmChild", driver, log);
-    FakeMain main(prompter, driver, child, log);
-    driver.SetMainScreen(&main);
-    EXPECT_EQ(driver.RunText(c.Script, "t.rvs", err), 1) << c.Script;
-    EXPECT_EQ(err.str(), std::string(c.Error) + "\n") << c.Script;
-    EXPECT_TRUE(log.empty()) << c.Script;  // nothing ran, or the stop unwound the screen
+    EXPECT_EQ(Failure(script, log), error + "\n") << script;
+    EXPECT_TRUE(log.empty()) << script;  // nothing ran, or the stop unwound the screen
   }
 }
 
