@@ -3,6 +3,7 @@
 // copy, with its discontinuities walked as the engineers' files expect.
 #include <optional>
 
+#include "Faults.h"
 #include "SheetsFixture.h"
 
 namespace {
@@ -20,13 +21,8 @@ TEST_P(UnitCountTest, CountsOrFails) {
   const UnitCountCase& c = GetParam();
   if (c.Units) {
     EXPECT_EQ(UnitCount(c.Load, c.Rating, c.SecondTest), *c.Units);
-    return;
-  }
-  try {
-    UnitCount(c.Load, c.Rating, c.SecondTest);
-    FAIL() << "no failure";
-  } catch (const RuntimeFault& fault) {
-    EXPECT_EQ(fault.Code(), c.Fault);
+  } else {
+    EXPECT_EQ(FaultOf([&] { UnitCount(c.Load, c.Rating, c.SecondTest); }), c.Fault);
   }
 }
 
@@ -51,13 +47,8 @@ TEST_F(SheetsTest, SectionsAbove32767KcalOverflow) {
   RadiatorSizing sizing(ws, state);
   SomaSize size;
   // 400 sections of II/905 are 36000 Kcal/h: the product leaves the 16-bit range.
-  try {
-    sizing.CalculateSoma_Fetes(0, 36000, "II/905", size);
-    FAIL() << "no failure";
-  } catch (const RuntimeFault& fault) {
-    EXPECT_EQ(fault.Code(), FaultCode::Overflow);
-    EXPECT_NE(fault.Detail().find("II/905"), std::string::npos);
-  }
+  EXPECT_EQ(FaultOf([&] { sizing.CalculateSoma_Fetes(0, 36000, "II/905", size); }, "II/905"),
+            FaultCode::Overflow);
 }
 
 // ---- The stepped family --------------------------------------------------------------------
@@ -104,13 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(PanelSizingTest, ABlankInsideTheListOrAnEmptyTokenIsAFailureNamingTheList) {
   for (const char* discon : {"8, 10,", ",,,,,,,,", ","}) {
     WorkingCopy({Stepped("22/600", 100, 0.25f, 100, "400", 1, 30, discon)});
-    try {
-      Size(950, "22/600");
-      ADD_FAILURE() << "no failure for \"" << discon << "\"";
-    } catch (const RuntimeFault& fault) {
-      EXPECT_EQ(fault.Code(), FaultCode::TypeMismatch);
-      EXPECT_NE(fault.Detail().find("22/600"), std::string::npos);
-    }
+    EXPECT_EQ(FaultOf([&] { Size(950, "22/600"); }, "22/600"), FaultCode::TypeMismatch) << discon;
   }
 }
 
@@ -131,12 +116,7 @@ TEST_F(PanelSizingTest, AnEmptyWorkingCopyFromTheStartDividesByZero) {
 
 TEST_F(PanelSizingTest, AFirstBodyThatIsNoNumberIsReported) {
   WorkingCopy({Stepped("22/600", 150, 0.25f, 100, "40Ο", 4, 30, "")});
-  try {
-    Size(1000, "22/600");
-    FAIL() << "no failure";
-  } catch (const RuntimeFault& fault) {
-    EXPECT_EQ(fault.Code(), FaultCode::TypeMismatch);
-  }
+  EXPECT_EQ(FaultOf([&] { Size(1000, "22/600"); }), FaultCode::TypeMismatch);
 }
 
 TEST_F(PanelSizingTest, StepsForTheRangeCheckIgnoreTheDiscontinuities) {

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "Faults.h"
 #include "RecordFile.h"
-#include "RuntimeFault.h"
 #include "SheetRecords.h"
 #include "TempFolder.h"
 
@@ -21,19 +21,6 @@ SheetRecord Numbered(int16_t n) {
   s.Thema = "Μελέτη";
   s.Flow = 100.0f * n;
   return s;
-}
-
-// The fault `op` threw, checking that its detail names `name`.
-template <class Op>
-FaultCode FaultOf(Op op, const std::string& name) {
-  try {
-    op();
-  } catch (const RuntimeFault& fault) {
-    EXPECT_NE(fault.Detail().find(name), std::string::npos) << fault.Detail();
-    return fault.Code();
-  }
-  ADD_FAILURE() << "no fault for " << name;
-  return FaultCode::Internal;
 }
 
 TEST(RecordFile, CountIsTheLengthOverTheRecordLengthRoundedHalfToEven) {

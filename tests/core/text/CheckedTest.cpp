@@ -8,19 +8,9 @@
 #include <string>
 
 #include "Checked.h"
-#include "RuntimeFault.h"
+#include "Faults.h"
 
 namespace {
-
-// The fault code a call throws, or nothing when it returns.
-std::optional<FaultCode> FaultOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const RuntimeFault& fault) {
-    return fault.Code();
-  }
-  return std::nullopt;
-}
 
 TEST(Checked, CIntAndCLngRoundHalvesToEven) {
   const std::pair<double, int32_t> cases[] = {{2.5, 2},         {3.5, 4},           {-2.5, -2},
