@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "SectionRatings.h"
 #include "SomaBytes.h"
 #include "TempFolder.h"
 
@@ -54,32 +55,21 @@ std::vector<std::string> RecordsOf(const std::string& file, const std::string& m
   return found;
 }
 
-// The rating table of the sections, as the sizing knows it: Kcal/h and m² per section.
-struct Section {
-  const char* Model;
-  float Output;
-  float Area;
-  float Height;
-};
-const Section kSections[] = {
-    {"II/905", 90, 0.2f, 905},   {"II/655", 70, 0.15f, 655},  {"II/505", 50, 0.12f, 505},
-    {"II/355", 40, 0.09f, 355},  {"III/905", 130, 0.3f, 905}, {"III/655", 100, 0.23f, 655},
-    {"III/505", 80, 0.18f, 505}, {"III/355", 65, 0.14f, 355}, {"IV/905", 170, 0.42f, 905},
-    {"IV/655", 130, 0.32f, 655}, {"IV/505", 110, 0.25f, 505}, {"IV/355", 80, 0.19f, 355},
-};
-
+// The type file of the sections holds the sizing's own rating table, one record per model in
+// its order, with the family values; the height is the model's number.
 TEST(ShippedSections, OneRecordPerModelOfTheRatingTableWithTheFamilyValues) {
   const std::string file = Shipped(kMaster);
   EXPECT_EQ(file, Shipped(kSectionFile));
-  ASSERT_EQ(file.size(), std::size(kSections) * kLength);
+  ASSERT_EQ(file.size(), SectionRatings().size() * kLength);
   for (int n = 1; n <= RecordCount(file); ++n) {
-    const Section& s = kSections[n - 1];
+    const SectionRating& s = SectionRatings()[n - 1];
     const std::string r = Record(file, n);
     SCOPED_TRACE(s.Model);
     EXPECT_EQ(r.substr(kSomaType, 25), Blanked(s.Model, 25));
     EXPECT_EQ(F32At(r, kUnitOutput), s.Output);
     EXPECT_EQ(F32At(r, kUnitArea), s.Area);
-    EXPECT_EQ(F32At(r, kSomaHeight), s.Height);
+    EXPECT_EQ(F32At(r, kSomaHeight),
+              std::stof(std::string(s.Model).substr(std::string(s.Model).find('/') + 1)));
     EXPECT_EQ(I16At(r, kCategoryNo), 1);
     EXPECT_EQ(r.substr(kCategory, 120), Blanked(kSectionCategory, 120));
     EXPECT_EQ(F32At(r, kMeanActiveTemp), 60.0f);

@@ -11,13 +11,6 @@ class CalcTest : public SheetsTest {
     WritePipes({"Φ16x1", "Φ18x1"});
     WriteSectionFamily();
   }
-  void Row(int row, const std::string& name, const std::string& load, const std::string& room,
-           const std::string& model = "II/905") {
-    Cell(row, 1, name);
-    Cell(row, 2, load);
-    Cell(row, 3, room);
-    Cell(row, 10, model);
-  }
   void Calculate() {
     prompter.Clear();
     Key(KeyCode::F10);
@@ -34,7 +27,7 @@ class CalcHeaderTest : public CalcTest, public ::testing::WithParamInterface<Hea
 TEST_P(CalcHeaderTest, AMissingHeaderFieldIsNamedAndTakesTheFocus) {
   Load();
   TypeHeader();
-  Row(1, "1", "1000", "20");
+  Radiator(1, "1", "1000", "20");
   Type(GetParam().Field, "");
   Calculate();
   ASSERT_EQ(prompter.History().size(), 1u);
@@ -65,9 +58,9 @@ TEST_P(CalcRowTest, TheFirstFaultyRowIsNamedAndItsCellMadeActive) {
   const RowFault& f = GetParam();
   Load();
   TypeHeader();
-  Row(1, "1", "500", "20");
-  Row(2, f.Name, f.Load, f.Room, f.Model);
-  Row(3, "", "0", "40", "");  // a later fault is not reached
+  Radiator(1, "1", "500", "20");
+  Radiator(2, f.Name, f.Load, f.Room, f.Model);
+  Radiator(3, "", "0", "40", "");  // a later fault is not reached
   Calculate();
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Title, "... ΕΛΛΙΠΗΣ ΚΑΤΑΧΩΡΗΣΗ ...");
@@ -105,7 +98,7 @@ TEST_F(CalcTest, NoRowsAndAnIncompleteRowGiveMessageOne) {
 
   // A row with a load and a model but no name reaches Calc only through the checks of
   // Calculate; a row whose model cell holds blanks passes those and stops here.
-  Row(1, "1", "1000", "20", "   ");
+  Radiator(1, "1", "1000", "20", "   ");
   Calculate();
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Title, "... ΕΛΛΙΠΗΣ ΚΑΤΑΧΩΡΗΣΗ ...");
@@ -114,10 +107,10 @@ TEST_F(CalcTest, NoRowsAndAnIncompleteRowGiveMessageOne) {
 // Calculate's own checks stop at a gap before it is closed; leaving a sheet closes it.
 TEST_F(CalcTest, GapsAreClosedAndTheNewBottomRowGetsTheModels) {
   Load();
-  Row(1, "1", "1000", "20");
-  Row(3, "3", "900", "20");
+  Radiator(1, "1", "1000", "20");
+  Radiator(3, "3", "900", "20");
   Cell(2, 1, "2");  // a name without a load is a gap
-  Row(5, "5", "800", "20");
+  Radiator(5, "5", "800", "20");
   form->Grid.SetList(8, 10, {});
   int16_t last = 0;
   form->GetLastDataRow(last);
@@ -127,20 +120,11 @@ TEST_F(CalcTest, GapsAreClosedAndTheNewBottomRowGetsTheModels) {
   EXPECT_EQ(form->Grid.List(8, 10).size(), 12u);
 }
 
-TEST_F(CalcTest, TheEndOfTheLoopIsTheInletLessTheDropWhateverTheSplit) {
-  Load();
-  TypeHeader("15", "80");
-  const char* loads[] = {"317", "1234.5", "87", "999", "45.5"};
-  for (int i = 0; i < 5; ++i) Row(i + 1, std::to_string(i + 1), loads[i], "20");
-  Calculate();
-  EXPECT_EQ(form->Grid.Text(5, 6), "65.0");
-}
-
 TEST_F(CalcTest, VelocityComesFromTheFirstPipeOfTheListWhicheverIsChosen) {
   Load();
   TypeHeader();
-  Row(1, "1", "1000", "20");
-  Row(2, "2", "1000", "20");
+  Radiator(1, "1", "1000", "20");
+  Radiator(2, "2", "1000", "20");
   Choose("CboPipes", "Φ18x1");
   Calculate();
   EXPECT_EQ(form->TxtFlow.Text, "100.0");
@@ -157,7 +141,7 @@ TEST_F(CalcTest, ACalculationMarksTheSavedRecordOfTheSheetValid) {
   saved.Ownership = "Παλιά";
   saved.ResultsValid = 0;
   RecordFile<SheetRecord>(folder / "SHEETS.TMP").Write(1, saved);
-  Row(1, "1", "1000", "20");
+  Radiator(1, "1", "1000", "20");
   Calculate();
   const SheetRecord after = RecordFile<SheetRecord>(folder / "SHEETS.TMP").Read(1);
   EXPECT_EQ(after.ResultsValid, -1.0f);
@@ -170,8 +154,8 @@ TEST_F(CalcTest, ACalculationMarksTheSavedRecordOfTheSheetValid) {
 TEST_F(CalcTest, ARoomWarmerThanTheWaterGivesNegativeFiguresWithoutAMessage) {
   Load();
   TypeHeader("30", "40");
-  Row(1, "1", "1000", "20");
-  Row(2, "2", "1000", "28");  // enters at 25, leaves at 10
+  Radiator(1, "1", "1000", "20");
+  Radiator(2, "2", "1000", "28");  // enters at 25, leaves at 10
   Calculate();
   EXPECT_TRUE(prompter.History().empty());
   EXPECT_EQ(form->Grid.Text(2, 7), "17.5");
@@ -188,7 +172,7 @@ TEST_F(CalcTest, AModelRatedBelowHalfAKcalStopsTheCommandWithFilesAsTheyWere) {
   Load();
   Choose("CboSomata", "Πάνελ");
   TypeHeader();
-  Row(1, "1", "1000", "20", "Μικρό");
+  Radiator(1, "1", "1000", "20", "Μικρό");
   const std::string workingCopy = ReadAllBytes(folder / SomataWorkingCopy.Name);
   Calculate();
   ASSERT_EQ(prompter.History().size(), 1u);

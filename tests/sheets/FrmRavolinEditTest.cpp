@@ -17,10 +17,7 @@ class EditTest : public SheetsTest {
   }
   void Row(int row, const std::string& load, const std::string& model = "II/905",
            const std::string& room = "20") {
-    Cell(row, 1, std::to_string(row));
-    Cell(row, 2, load);
-    Cell(row, 3, room);
-    Cell(row, 10, model);
+    Radiator(row, std::to_string(row), load, room, model);
   }
   void Calculated(int rows = 2) {
     for (int r = 1; r <= rows; ++r) Row(r, std::to_string(500 + 100 * r));

@@ -141,10 +141,7 @@ class CalculatedSheetFamilyTest : public FamiliesTest {
     WritePanelFamily("Χαλύβδινα Πάνελ.ths", "Χαλύβδινα Πάνελ", 9);
     Load();
     TypeHeader();
-    Cell(1, 1, "1");
-    Cell(1, 2, "1000");
-    Cell(1, 3, "20");
-    Cell(1, 10, "II/905");
+    Radiator(1, "1", "1000");
     Key(KeyCode::F10);
     ASSERT_EQ(form->Grid.Text(1, 11), "13/II/905");
     prompter.Clear();

@@ -16,12 +16,9 @@ class NavigationTest : public SheetsTest {
   // Types the rows of sheet `sheet` (its loads tell it apart) and calculates it.
   void FillSheet(int sheet, int rows = 2) {
     Type("TxtLoopNo", "Κ" + std::to_string(sheet));
-    for (int r = 1; r <= rows; ++r) {
-      Cell(r, 1, std::to_string(r));
-      Cell(r, 2, std::to_string(100 * sheet + 10 * r));
-      Cell(r, 3, "20");
-      Cell(r, 10, r % 2 ? "II/905" : "III/655");
-    }
+    for (int r = 1; r <= rows; ++r)
+      Radiator(r, std::to_string(r), std::to_string(100 * sheet + 10 * r), "20",
+               r % 2 ? "II/905" : "III/655");
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1) << "sheet " << sheet;
   }
@@ -173,22 +170,6 @@ TEST_P(DeleteSheetTest, TheSheetsAfterMoveUpAndTheDerivedFilesGo) {
 INSTANTIATE_TEST_SUITE_P(Sheets, DeleteSheetTest,
                          ::testing::Values(DeleteCase{1, 1, "Κ2"}, DeleteCase{2, 2, "Κ3"},
                                            DeleteCase{4, 3, "Κ3"}));
-
-TEST_F(NavigationTest, ASecondPgDnWhileTheFirstWaitsIsIgnored) {
-  Study(2);
-  boundary.Run(*form, [&] { form->LoadSheet(1); });
-  ws.SetPauseMilliseconds(5);
-  int refused = 0;
-  Workspace::SetEventPump([&] {
-    KeyStroke pgDn{KeyCode::PageDown};
-    if (!boundary.Run(*form, [&] { form->Form_KeyDown(pgDn); })) ++refused;
-  });
-  Key(KeyCode::PageDown);
-  Workspace::SetEventPump(nullptr);
-  ws.SetPauseMilliseconds(0);
-  EXPECT_GT(refused, 0);
-  ExpectSheetShown(2);
-}
 
 // ---- Files that are not what the sheets wrote ----------------------------------------------
 

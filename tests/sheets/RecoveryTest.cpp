@@ -17,10 +17,7 @@ class RecoveryTest : public SheetsTest {
     for (int sheet = 1; sheet <= 2; ++sheet) {
       if (sheet == 2) Key(KeyCode::PageDown);
       Type("TxtLoopNo", "Κ" + std::to_string(sheet));
-      Cell(1, 1, "1");
-      Cell(1, 2, std::to_string(700 + sheet));
-      Cell(1, 3, "20");
-      Cell(1, 10, "II/905");
+      Radiator(1, "1", std::to_string(700 + sheet));
       Key(KeyCode::F10);
     }
     boundary.Run(*form, [&] { form->SaveTemporarData(); });

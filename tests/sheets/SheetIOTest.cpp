@@ -16,12 +16,7 @@ class SheetIOTest : public SheetsTest {
     TypeHeader("20", "85", "12.5");
     Choose("CboPipes", pipe);
     const char* loads[] = {"1000", "800", "600"};
-    for (int row = 1; row <= 3; ++row) {
-      Cell(row, 1, std::to_string(row));
-      Cell(row, 2, loads[row - 1]);
-      Cell(row, 3, "20");
-      Cell(row, 10, "II/905");
-    }
+    for (int row = 1; row <= 3; ++row) Radiator(row, std::to_string(row), loads[row - 1]);
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1);
   }
@@ -97,10 +92,7 @@ TEST_F(SheetIOTest, ASheetOfThreeRadiatorsHasEightRecordsAndEmptyRowsAreZero) {
 TEST_F(SheetIOTest, TheStoredResistanceComesFromTheFlowAsItsTextShowsIt) {
   Load();
   TypeHeader("8", "30");
-  Cell(1, 1, "1");
-  Cell(1, 2, "550");  // 68.75 l/h, shown as 68.8
-  Cell(1, 3, "10");
-  Cell(1, 10, "II/905");
+  Radiator(1, "1", "550", "10");  // 68.75 l/h, shown as 68.8
   Key(KeyCode::F10);
   EXPECT_EQ(form->TxtFlow.Text, "68.8");
   EXPECT_EQ(form->TxtSFR.Text, "7.14");

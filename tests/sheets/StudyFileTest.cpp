@@ -16,10 +16,7 @@ class StudyFileTest : public SheetsTest {
     TypeHeader("20", "80");
   }
   void CalculatedSheet() {
-    Cell(1, 1, "1");
-    Cell(1, 2, "900");
-    Cell(1, 3, "20");
-    Cell(1, 10, "II/905");
+    Radiator(1, "1", "900");
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1);
     prompter.Clear();
@@ -144,10 +141,7 @@ class OpenStudyTest : public StudyFileTest {
   void SetUp() override {
     CalculatedSheet();
     Key(KeyCode::PageDown);
-    Cell(1, 1, "1");
-    Cell(1, 2, "700");
-    Cell(1, 3, "20");
-    Cell(1, 10, "II/655");
+    Radiator(1, "1", "700", "20", "II/655");
     Key(KeyCode::F10);
     platform.FileAnswers.push_back(Study("Α"));
     CtrlS();

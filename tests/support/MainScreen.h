@@ -82,6 +82,12 @@ class MainScreen {
   bool Choose(const std::string& control, const std::string& entry) {
     return Run([&] { form->Controls().at(control).ChooseText(entry); });
   }
+  // A radiator typed into a row of the grid: its name, load, room temperature and model.
+  void Radiator(int row, const std::string& name, const std::string& load,
+                const std::string& room = "20", const std::string& model = "II/905") {
+    for (auto [col, text] : {std::pair{1, &name}, {2, &load}, {3, &room}, {10, &model}})
+      Cell(row, col, *text);
+  }
   // The sheet header as an engineer fills it in.
   void TypeHeader(const std::string& tempDrop = "20", const std::string& origTemp = "85",
                   const std::string& length = "10") {

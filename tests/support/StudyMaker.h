@@ -28,11 +28,7 @@ inline std::filesystem::path MakeStudyOfCopies(Workspace& ws, const std::string&
     screen.Type("TxtLoopNo", "Κ1");
     screen.Type("TxtLoopLength", "12");
     for (int row = 1; row <= static_cast<int>(loads.size()); ++row)
-      for (auto [col, text] : {std::pair{1, std::to_string(row)},
-                               {2, loads[row - 1]},
-                               {3, std::string("20")},
-                               {10, model}})
-        screen.Cell(row, col, text);
+      screen.Radiator(row, std::to_string(row), loads[row - 1], "20", model);
     screen.Key(KeyCode::F10);
     screen.Run([&] { screen.form->SaveTemporarData(); });
   }

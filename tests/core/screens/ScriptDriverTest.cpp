@@ -16,7 +16,6 @@ namespace {
 
 using fake::FakeChild;
 using fake::FakeMain;
-using fake::Warning;
 
 class ScriptDriverTest : public ::testing::Test {
  protected:
@@ -133,12 +132,6 @@ expect FrmFake.ChkSave checked
   EXPECT_TRUE(main_.Save);
 }
 
-TEST_F(ScriptDriverTest, KeysAndCloseGoToTheScreen) {
-  Pass("key FrmFake Shift-Q\nkey FrmFake Ctrl-Home\nkey FrmFake Plus\nclose FrmFake\n");
-  EXPECT_EQ(log_, (std::vector<std::string>{"key Shift-Q", "key Ctrl-Home", "key Plus",
-                                            "FrmFake close box"}));
-}
-
 TEST_F(ScriptDriverTest, MessagesAreExpectedInTheOrderShown) {
   Pass(R"(expect no message
 key FrmFake F5
@@ -154,11 +147,6 @@ expect no message
             "[message] F5\n"
             "[message] ... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\n"
             "[message] ... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\n");
-}
-
-TEST_F(ScriptDriverTest, MessagesShownBeforeTheScriptCanBeExpected) {
-  prompter_.Show(Warning());
-  Pass("expect message \"... ΓΡΑΜΜΗ 1 ...\"\nexpect no message\n");
 }
 
 TEST_F(ScriptDriverTest, QuestionsTakeTheQueuedAnswersThenTheirDefault) {
