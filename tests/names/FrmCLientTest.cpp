@@ -6,7 +6,6 @@
 #include "ClientRecord.h"
 #include "FrmCLPass.h"
 #include "FrmCLient.h"
-#include "KillAtRewriteStep.h"
 #include "ProgramFolder.h"
 #include "RecordFile.h"
 #include "ScriptedScreens.h"
@@ -223,20 +222,6 @@ TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
   f.Controls().at("Txt_Client").Type("Α. Αλεξίου");
   f.Cmd_OK_Click();
   EXPECT_EQ(ReadClients(ws).Names, std::vector<std::string>{"Α. Αλεξίου"});
-  // A record cut short, one and a half records: a name is still added after them.
-  for (const std::size_t size : {99u, 150u}) {
-    WriteAllBytes(folder / kClientsFile, std::string(size, 'Q'));
-    FrmCLient& cut = Open();
-    cut.Cmd_New_Click();
-    cut.Controls().at("Txt_Client").Type("Ω");
-    cut.Controls().at("Txt_Pass").Type(cut.Txt_Pass.Text);
-    prompter.QueueAnswer(Answer::Yes);
-    prompter.QueueAnswer(Answer::No);
-    cut.Cmd_OK_Click();
-    EXPECT_EQ(ReadClients(ws).Names.back(), "Ω") << size;
-    EXPECT_EQ(std::filesystem::file_size(folder / kClientsFile) % 100, 0u) << size;
-  }
-  MakeList({"Α. Αλεξίου"});
   // A garbage password field locks the list: the name can still be chosen, not added.
   std::string bytes = Bytes();
   for (std::size_t i = 80; i < 100; ++i) bytes[i] = static_cast<char>(0x90 + i);
@@ -248,27 +233,6 @@ TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
   g.Cmd_OK_Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2});
   EXPECT_EQ(Bytes(), bytes);
-}
-
-// Changing the password killed at every step of the rewrite: the list on disk is the old one or
-// the new one, and never holds two passwords.
-TEST_F(FrmCLientTest, APasswordChangeKilledAtAnyStepLeavesOnePassword) {
-  MakeList({"Α", "Β", "Γ"}, "παλιό");
-  const std::string oldBytes = Bytes();
-  const std::string newBytes = EncodeClients(ClientList{{"Α", "Β", "Γ"}, "νέο"});
-  for (int stop = 1; stop <= 4; ++stop) {
-    WriteAllBytes(folder / kClientsFile, oldBytes);
-    KillAtRewriteStep(stop, [&] {
-      screens.Queue(Passwords("παλιό"));
-      screens.Queue(Passwords("νέο", "νέο"));
-      Open().Cmd_Lock_Click();
-    });
-    const std::string bytes = Bytes();
-    EXPECT_TRUE(bytes == oldBytes || bytes == newBytes) << "stop " << stop;
-    if (stop == 4) {
-      EXPECT_EQ(bytes, newBytes);  // the hook never stopped it
-    }
-  }
 }
 
 }  // namespace

@@ -80,13 +80,6 @@ TEST_F(RecoveryTest, ClosingTheBoxDecidesNothingAndTheNextStartAsksAgain) {
   EXPECT_EQ(screens.Shown, (std::vector<std::string>{"FrmOldStudy", "FrmOldStudy"}));
 }
 
-TEST_F(RecoveryTest, SheetsWithoutRowsNeverReachTheQuestion) {
-  WriteAllBytes(folder / "LOOPS.TMP", "");
-  Restart([](FrmOldStudy&) { ADD_FAILURE() << "no question expected"; });
-  EXPECT_TRUE(screens.Shown.empty());
-  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
-}
-
 TEST_F(RecoveryTest, TheMessageLinesStandCentredWithTheirExtraBlanks) {
   FrmOldStudy old(*form, ws);
   const auto& lines = old.List1.Items;

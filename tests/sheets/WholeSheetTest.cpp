@@ -94,7 +94,7 @@ TEST_P(WholeSheet, EveryCellAfterCalculate) {
   Key(KeyCode::F10);
   const std::string outcome = c.Outcome;
   if (outcome == "ok") {
-    EXPECT_TRUE(prompter.History().empty()) << Titles().front();
+    EXPECT_TRUE(prompter.History().empty()) << LastBox().OneLine();
     EXPECT_EQ(state.Calculated, -1);
     EXPECT_EQ(form->TxtLoopLoad.Text, c.LoopLoad);
     EXPECT_EQ(form->TxtFlow.Text, c.Flow);

@@ -98,11 +98,6 @@ class MainScreen {
     Type("TxtLoopLength", length);
   }
 
-  std::vector<std::string> Titles() const {
-    std::vector<std::string> titles;
-    for (const auto& shown : prompter.History()) titles.push_back(shown.Box.Title);
-    return titles;
-  }
   const Message& LastBox() const { return prompter.History().back().Box; }
 
   std::filesystem::path folder;

@@ -48,18 +48,6 @@ TEST(TextGrid, ReadsOutsideGiveEmptyAndWritesOutsideAreIgnored) {
     for (int c = 1; c <= 4; ++c) EXPECT_EQ(g.Text(r, c), Name(r, c));
 }
 
-TEST(TextGrid, AGridWithoutCellsNeverFails) {
-  TextGrid g(0, -3);
-  EXPECT_EQ(g.MaxRows(), 0);
-  EXPECT_EQ(g.MaxCols(), 0);
-  g.SetText(1, 1, "x");
-  g.DeleteRow(1);
-  g.DeleteColumn(1);
-  g.SetActiveCell(4, 4);
-  EXPECT_EQ(g.Text(1, 1), "");
-  EXPECT_EQ(g.DataRowCount(), 0);
-}
-
 TEST(TextGrid, DataRowCountIsTheLastRowWithText) {
   struct Case {
     std::vector<std::pair<int, int>> Filled;
