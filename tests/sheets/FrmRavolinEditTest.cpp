@@ -10,7 +10,6 @@ namespace {
 class EditTest : public SheetsTest {
  protected:
   EditTest() {
-    WritePipes({"Φ16x1"});
     WriteSectionFamily();
     Load();
     TypeHeader();

@@ -8,8 +8,6 @@ namespace {
 
 class FamiliesTest : public SheetsTest {
  protected:
-  FamiliesTest() { WritePipes({"Φ16x1"}); }
-
   void WritePanelFamily(const std::string& file, const std::string& category, int16_t number,
                         float unitOutput = 150) {
     WriteTypeFile(file, number, category,

@@ -8,11 +8,7 @@ namespace {
 
 class HeaderTest : public SheetsTest {
  protected:
-  FrmRavolin& LoadWith(Separators seps) {
-    WritePipes({"Φ16x1"});
-    platform.Seps = seps;
-    return Load();
-  }
+  HeaderTest() { platform.Seps = kGreek; }
 };
 
 // Filters and formats beside those the header scripts show; text with no accepted character
@@ -33,7 +29,7 @@ TEST_F(HeaderTest, EachFieldKeepsOnlyWhatItAcceptsAndShowsItInItsFormat) {
       {"TxtOwnership", "Οικία-Α+Β", "ΟικίαΑΒ"},
       {"TxtThema", "Νέο +- θέμα", "Νέο +- θέμα"},
   };
-  FrmRavolin& f = LoadWith(kGreek);
+  FrmRavolin& f = Load();
   for (const auto& c : greek) {
     Type(c.Control, c.Typed);
     EXPECT_EQ(f.Controls().at(c.Control).GetText(), c.Shown) << c.Control << " " << c.Typed;
@@ -61,7 +57,7 @@ TEST_F(HeaderTest, TemperaturesOutOfRangePutTheOldValueBackAndKeepTheFocus) {
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.Control) + " " + c.Typed);
     prompter.Clear();
-    FrmRavolin& f = LoadWith(kGreek);
+    FrmRavolin& f = Load();
     const std::string before = f.Controls().at(c.Control).GetText();
     Type(c.Control, c.Typed);
     EXPECT_EQ(prompter.History().size(), c.Refused ? 1u : 0u);
@@ -88,7 +84,7 @@ void FillResults(FrmRavolin& f, StudyState& state) {
 }
 
 TEST_F(HeaderTest, ANewDropOnACalculatedSheetAsksAndYesDiscardsTheResults) {
-  FrmRavolin& f = LoadWith(kGreek);
+  FrmRavolin& f = Load();
   FillResults(f, state);
   prompter.QueueAnswer(Answer::Yes);
   Type("TxtTempDrop", "15");
@@ -108,7 +104,7 @@ TEST_F(HeaderTest, ANewDropOnACalculatedSheetAsksAndYesDiscardsTheResults) {
 }
 
 TEST_F(HeaderTest, TheSameValueRetypedAsksNothingAndNoKeepsEverything) {
-  FrmRavolin& f = LoadWith(kGreek);
+  FrmRavolin& f = Load();
   FillResults(f, state);
   Type("TxtTempDrop", "20");
   EXPECT_TRUE(prompter.History().empty());
@@ -122,7 +118,7 @@ TEST_F(HeaderTest, TheSameValueRetypedAsksNothingAndNoKeepsEverything) {
 }
 
 TEST_F(HeaderTest, EnterMovesOnAsEachFieldSays) {
-  FrmRavolin& f = LoadWith(kGreek);
+  FrmRavolin& f = Load();
   const std::pair<const char*, const char*> cases[] = {
       {"TxtOwnership", "TxtLoopNo"}, {"TxtLoopNo", "TxtTempDrop"}, {"TxtTempDrop", "Grid"},
       {"TxtOrigTemp", "Grid"},       {"TxtLoopLength", "Grid"},    {"TxtOtherRes", "Grid"}};
@@ -165,7 +161,7 @@ std::string WithoutThema(const std::string& bytes, std::size_t length) {
 }
 
 TEST_F(HeaderTest, ANewSubjectIsWrittenIntoEveryRecordOfBothFiles) {
-  LoadWith(kGreek);
+  Load();
   WriteStudy(ws);
   const std::string sheetsBefore = ReadAllBytes(folder / "SHEETS.TMP");
   const std::string loopsBefore = ReadAllBytes(folder / "LOOPS.TMP");
@@ -184,7 +180,7 @@ TEST_F(HeaderTest, ANewSubjectIsWrittenIntoEveryRecordOfBothFiles) {
 }
 
 TEST_F(HeaderTest, AnUnchangedSubjectTouchesNothingAndANewOneMakesNoFile) {
-  FrmRavolin& f = LoadWith(kGreek);
+  FrmRavolin& f = Load();
   Type("TxtThema", "ΑΛΛΟ");
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
   EXPECT_FALSE(std::filesystem::exists(folder / "LOOPS.TMP"));
@@ -200,7 +196,7 @@ TEST_F(HeaderTest, AnUnchangedSubjectTouchesNothingAndANewOneMakesNoFile) {
 // file of the rows cannot be made (a folder stands in its place). The boundary reports it and the
 // sheets file is as it was.
 TEST_F(HeaderTest, AFaultHalfWayThroughACommandLeavesTheWorkingFilesAsTheyWere) {
-  FrmRavolin& f = LoadWith(kGreek);
+  FrmRavolin& f = Load();
   WriteStudy(ws);
   std::filesystem::create_directory(folder / "LOOPS.TMP.@@@");
   WriteAllBytes(folder / "LOOPS.TMP.@@@/inside", "x");

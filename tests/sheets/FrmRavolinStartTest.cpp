@@ -9,7 +9,6 @@
 namespace {
 
 TEST_F(SheetsTest, FindPipeAreaReadsOuterDiameterAndASingleDigitWall) {
-  WritePipes({"Φ16x1"});
   FrmRavolin& f = Load();
   const struct {
     const char* Name;
@@ -45,6 +44,7 @@ TEST_F(SheetsTest, ThePipeListAtStart) {
       {"", {}, "RavoPipes.txt"},
       {Utf8ToCp1253("Φ16\r\nΦ18x1\r\n"), {"Φ16", "Φ18x1"}, "Φ16"},
   };
+  withPipes = false;
   for (const auto& c : cases) {
     std::filesystem::remove(folder / "RavoPipes.txt");
     if (c.Bytes) WriteAllBytes(folder / "RavoPipes.txt", *c.Bytes);
@@ -66,7 +66,6 @@ TEST_F(SheetsTest, ThePipeListAtStart) {
 }
 
 TEST_F(SheetsTest, OnlyADisplayShortInBothDirectionsIsWarnedAbout) {
-  WritePipes({"Φ16x1"});
   const struct {
     int Width, Height;
     bool Warns;
@@ -83,7 +82,6 @@ TEST_F(SheetsTest, OnlyADisplayShortInBothDirectionsIsWarnedAbout) {
 
 // What the start does with working files that a previous run left behind.
 TEST_F(SheetsTest, AStudyLeftBehindIsClearedOnlyWhenItCannotBeRevived) {
-  WritePipes({"Φ16x1"});
   const struct {
     const char* Case;
     int SheetsBytes;  // -1: absent
@@ -111,7 +109,6 @@ TEST_F(SheetsTest, AStudyLeftBehindIsClearedOnlyWhenItCannotBeRevived) {
 }
 
 TEST_F(SheetsTest, F1OpensTheManualWhenThereIsOne) {
-  WritePipes({"Φ16x1"});
   FrmRavolin& f = Load();
   WriteAllBytes(folder / "RM.pdf", "%PDF-1.4");
   EXPECT_TRUE(f.Form_KeyDown(KeyStroke{KeyCode::F1}));

@@ -10,7 +10,6 @@ class RecoveryTest : public SheetsTest {
  protected:
   // A first run that enters two calculated sheets and never ends.
   RecoveryTest() {
-    WritePipes({"Φ16x1"});
     WriteSectionFamily();
     Load();
     TypeHeader();

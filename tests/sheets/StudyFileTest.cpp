@@ -10,7 +10,6 @@ namespace {
 class StudyFileTest : public SheetsTest {
  protected:
   StudyFileTest() {
-    WritePipes({"Φ16x1"});
     WriteSectionFamily();
     Load();
     TypeHeader("20", "80");

@@ -58,9 +58,11 @@ class MainScreen {
     std::filesystem::remove(folder / kSectionFamilyFile);
   }
 
-  // Starts the main screen. A program folder gets the master copy of the family with sections
-  // first, as every installation has it, unless the caller wants a folder without it.
+  // Starts the main screen. A program folder gets a pipe list and the master copy of the family
+  // with sections first, as every installation has them, unless the caller wants a folder
+  // without them.
   FrmRavolin& Load() {
+    if (withPipes && !std::filesystem::exists(folder / "RavoPipes.txt")) WritePipes({"Φ16x1"});
     if (withSectionMaster && !std::filesystem::exists(folder / kSectionFamilyMaster))
       WriteSectionFamilyMaster();
     form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary, screens);
@@ -108,5 +110,6 @@ class MainScreen {
   CommandBoundary boundary{ws, prompter, state};
   ScriptedScreens screens;
   std::unique_ptr<FrmRavolin> form;
+  bool withPipes = true;
   bool withSectionMaster = true;
 };

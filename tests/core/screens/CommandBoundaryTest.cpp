@@ -144,13 +144,6 @@ TEST_F(CommandBoundaryTest, AFaultPutsTheScreenAndTheStudyStateBack) {
   EXPECT_EQ(screen.Own, 2);
 }
 
-TEST_F(CommandBoundaryTest, ReportShowsAFaultCaughtElsewhere) {
-  boundary_.Report(RuntimeFault(FaultCode::FileNotFound, "PIPES.DAT"));
-  ASSERT_EQ(prompter_.History().size(), 1u);
-  EXPECT_EQ(prompter_.History()[0].Box.Lines[0], Line(FaultCode::FileNotFound));
-  EXPECT_EQ(prompter_.History()[0].Box.Lines[1], "... PIPES.DAT ...");
-}
-
 TEST_F(CommandBoundaryTest, AStoppedScriptPassesThroughAndLeavesTheFiles) {
   WriteAllBytes(folder_ / "SHEETS.TMP", "before");
   EXPECT_THROW(boundary_.Run([&] {

@@ -129,23 +129,6 @@ TEST(FilterTyped, ReplacesOrAppends) {
   EXPECT_EQ(FilterTyped("45", "Αβ", nullptr, false), "45Αβ");
 }
 
-TEST(Controls, LabelAndTextBoxFollowTheirField) {
-  Field field{"85"};
-  int lost = 0;
-  Control label = LabelControl(field);
-  Control box = TextBoxControl(field, {nullptr, DigitsOnly, [&] { ++lost; }});
-  EXPECT_FALSE(label.Type);
-  EXPECT_FALSE(label.Press);
-  box.Type("9x0");
-  EXPECT_EQ(field.Text, "90");
-  EXPECT_EQ(label.GetText(), "90");
-  EXPECT_EQ(lost, 1);
-  field.Enabled = false;
-  field.Visible = false;
-  EXPECT_FALSE(box.Enabled());
-  EXPECT_FALSE(label.Visible());
-}
-
 TEST(Controls, ComboChoosesAsAClickWould) {
   ComboBox combo{{"Φ14x1", "Φ16x1", "Φ18x1"}, 1};
   int clicks = 0;

@@ -120,35 +120,6 @@ select FrmFake.LstFiles "a.sht" "c.sht"
   EXPECT_TRUE(main_.Selected.empty());
 }
 
-TEST_F(ScriptDriverTest, StatesAreBareWords) {
-  Pass(R"(expect FrmFake.CmdGo enabled
-expect FrmFake.CmdOff disabled
-expect FrmFake.CmdGone hidden
-expect FrmFake.TxtValue visible
-expect FrmFake.ChkSave unchecked
-press FrmFake.ChkSave
-expect FrmFake.ChkSave checked
-)");
-  EXPECT_TRUE(main_.Save);
-}
-
-TEST_F(ScriptDriverTest, MessagesAreExpectedInTheOrderShown) {
-  Pass(R"(expect no message
-key FrmFake F5
-press FrmFake.CmdGo
-expect message "F5"
-expect message "... ΓΡΑΜΜΗ 2 ..."
-expect no message
-press FrmFake.CmdGo
-expect message "... ΠΡΟΣΟΧΗ ..."
-expect no message
-)");
-  EXPECT_EQ(out_.str(),
-            "[message] F5\n"
-            "[message] ... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\n"
-            "[message] ... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\n");
-}
-
 TEST_F(ScriptDriverTest, QuestionsTakeTheQueuedAnswersThenTheirDefault) {
   Pass(R"(answer NO
 answer YES
