@@ -85,16 +85,14 @@ TEST(ShippedSections, OneRecordPerModelOfTheRatingTableWithTheFamilyValues) {
 }
 
 // What the start-up test, the renumbering, the sizing and the catalogue screens need of every
-// file: whole records numbered in order, the family values in each, code page 1253 texts padded
-// with blanks, Discon lists of numbers each closed by a comma whose first gap steps onto a size
-// that is made, FirstSoma the length of one step, only the sections protected by their unit,
-// and every family under a name of its own.
+// file beside what the generator guarantees (whole records numbered in order, the family values
+// in each, valid fields): FirstSoma the length of one step, only the sections protected by
+// their unit and numbered 1, every family under a name of its own, and Discon lists whose first
+// gap steps onto a size that is made.
 TEST(ShippedFamilies, EveryFileIsSound) {
   const std::vector<std::string> names = ShippedFamilies();
   EXPECT_EQ(std::set<std::string>(names.begin(), names.end()),
             (std::set<std::string>{kSectionFile, kPanelFile, kAluminiumFile}));
-  const std::pair<std::size_t, std::size_t> texts[] = {
-      {kCategory, 120}, {kSomaType, 25}, {kStepUnits, 16}, {kFirstSoma, 10}, {kDiscon, 100}};
   std::set<std::string> shown;
   for (const std::string& name : names) {
     SCOPED_TRACE(name);
@@ -112,28 +110,9 @@ TEST(ShippedFamilies, EveryFileIsSound) {
     EXPECT_TRUE(shown.insert(category).second) << "display category shown twice";
     for (int n = 1; n <= RecordCount(file); ++n) {
       const std::string r = Record(file, n);
-      SCOPED_TRACE(n);
-      EXPECT_EQ(I16At(r, kRecordNo), n);
-      EXPECT_GE(F32At(r, kUnitOutput), 0.5f);
-      EXPECT_GE(I16At(r, kMinSteps), 1);
-      EXPECT_LE(I16At(r, kMinSteps), I16At(r, kMaxSteps));
-      EXPECT_EQ(r.substr(kCategoryNo, 2), first.substr(kCategoryNo, 2));
-      EXPECT_EQ(r.substr(kCategory, 120), first.substr(kCategory, 120));
-      EXPECT_EQ(r.substr(kMeanActiveTemp, kMinSteps - kMeanActiveTemp),
-                first.substr(kMeanActiveTemp, kMinSteps - kMeanActiveTemp));
-      EXPECT_NE(RightTrimmed(r, kSomaType, 25), "");
-      EXPECT_EQ(r.substr(kReserved, 20), std::string(20, '\0'));
-      for (const auto& [at, width] : texts) {
-        const std::string field = r.substr(at, width);
-        EXPECT_EQ(field.find_first_of(std::string("\0\xaa\xd2\xff", 4)), std::string::npos) << at;
-        EXPECT_EQ(field, Blanked(RightTrimmed(r, at, width), width)) << at;
-      }
       const std::string list = RightTrimmed(r, kDiscon, 100);
       if (list.empty()) continue;
       SCOPED_TRACE(list);
-      EXPECT_EQ(list.find_first_not_of("0123456789,"), std::string::npos);
-      EXPECT_EQ(list.back(), ',');
-      EXPECT_EQ(list.find(",,"), std::string::npos);
       std::set<int> gaps;
       for (std::size_t at = 0; at < list.size(); at = list.find(',', at) + 1)
         gaps.insert(std::stoi(list.substr(at)));

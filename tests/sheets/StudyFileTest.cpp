@@ -160,19 +160,6 @@ class OpenStudyTest : public StudyFileTest {
   }
 };
 
-TEST_F(OpenStudyTest, TheBrowserListsTheStudiesBySubjectAndOpensOne) {
-  Open([&](FrmOpenSave_M& browser) {
-    browser.Controls().at("LstStudies").Select({"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
-    EXPECT_EQ(browser.LblFilePath.Text, WithBackslash((folder / "RVLFiles").string()));
-    EXPECT_EQ(browser.LblFileDate.Text.size(), 16u);  // " < 23/11/2026 > "
-    browser.CmdOpenSave_Click();
-  });
-  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), ReadAllBytes(Study("Α.sht")));
-  EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), ReadAllBytes(Study("Α.lps")));
-  EXPECT_EQ(state.SheetCount, 2);
-  EXPECT_EQ(state.StudyFileName, Study("Α.sht").string());
-}
-
 TEST_F(OpenStudyTest, AMissingSisterFileIsNamedAndTheWorkspaceStaysAsItWas) {
   TypeHeader("20", "80");
   CalculatedSheet();  // a sheet of the new study on the screen
