@@ -114,10 +114,10 @@ expect FrmFake.LstFiles "a.sht" "b.sht" "c.sht"
 expect FrmFake.LstEmpty
 select FrmFake.LstFiles "a.sht" "c.sht"
 )");
-  EXPECT_EQ(main_.Selected, (std::vector<std::string>{"a.sht", "c.sht"}));
+  EXPECT_EQ(main_.LstFiles.Selected, (std::vector<bool>{true, false, true}));
   EXPECT_EQ(log_, (std::vector<std::string>{"pipes clicked", "pipes clicked"}));
   Pass("select FrmFake.LstFiles\n");
-  EXPECT_TRUE(main_.Selected.empty());
+  EXPECT_EQ(main_.LstFiles.Selected, (std::vector<bool>{false, false, false}));
 }
 
 TEST_F(ScriptDriverTest, QuestionsTakeTheQueuedAnswersThenTheirDefault) {
