@@ -7,17 +7,15 @@
 #include <sstream>
 
 #include "InstanceLock.h"
+#include "ProgramFolder.h"
 #include "Recalculate.h"
 #include "StudyMaker.h"
 
 namespace {
 
-class RecalculateTest : public ::testing::Test {
+class RecalculateTest : public ::testing::Test, public ProgramFolder {
  protected:
-  RecalculateTest() : ws(home.Path()) {
-    ws.SetPauseMilliseconds(0);
-    WriteStartFiles(home.Path());
-  }
+  RecalculateTest() { WriteStartFiles(folder.Path()); }
   std::filesystem::path MakeStudy(int sheets) {
     return MakeStudyOfCopies(ws, "Μελέτη με κενά", sheets, {"1000", "800", "650"}, "II/905");
   }
@@ -36,8 +34,6 @@ class RecalculateTest : public ::testing::Test {
       ++n;
     return n;
   }
-  TempFolder home;
-  Workspace ws;
   std::ostringstream out, err;
 };
 
@@ -50,7 +46,7 @@ TEST_F(RecalculateTest, EverySheetIsWorkedAgainAndReportedAsTextOrJson) {
   EXPECT_NE(text.find("ΦΥΛΛΟ\t1\tΚ1\tΦΟΡΤΙΟ\t2,450\tΠΑΡΟΧΗ\t122.5\t"), std::string::npos);
   EXPECT_NE(text.find("\t1\t1000\t20\t1,000\t85.0\t"), std::string::npos);
   EXPECT_EQ(err.str(), "");
-  EXPECT_FALSE(std::filesystem::exists(home / "SHEETS.TMP"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
   ASSERT_EQ(Run(study, true), 0);
   const std::string json = out.str();
   EXPECT_EQ(json.rfind("{\"study\": \"ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ\", \"sheets\": [", 0), 0u);
@@ -62,7 +58,7 @@ TEST_F(RecalculateTest, EverySheetIsWorkedAgainAndReportedAsTextOrJson) {
 
 TEST_F(RecalculateTest, WriteSavesTheRecalculatedStudyInPlace) {
   const auto study = MakeStudy(3);
-  const auto loops = home / "RVLFiles" / "Μελέτη με κενά.lps";
+  const auto loops = folder / "RVLFiles" / "Μελέτη με κενά.lps";
   const std::string good = ReadAllBytes(loops);
   {
     RecordFile<LoopRecord> file(loops);
@@ -95,14 +91,14 @@ TEST_F(RecalculateTest, ASheetThatDoesNotCalculateIsReportedWithItsMessage) {
 // saves on the screen would leave them.
 TEST_F(RecalculateTest, TheWaterOfEverySheetIsRightAfterABatchRun) {
   const auto study = MakeStudy(5);
-  const auto loops = home / "RVLFiles" / "Μελέτη με κενά.lps";
+  const auto loops = folder / "RVLFiles" / "Μελέτη με κενά.lps";
   const auto blankOwner = [](const std::filesystem::path& file) {
     RecordFile<SheetRecord> sheets(file);
     SheetRecord r = sheets.Read(1);
     r.Ownership = "";
     sheets.Write(1, r);
   };
-  const auto expectedSheets = std::filesystem::path(home / "expected.sht");
+  const auto expectedSheets = std::filesystem::path(folder / "expected.sht");
   std::filesystem::copy_file(study, expectedSheets);
   blankOwner(expectedSheets);
   const std::string goodLoops = ReadAllBytes(loops);
@@ -133,13 +129,13 @@ TEST_F(RecalculateTest, TheWaterOfEverySheetIsRightAfterABatchRun) {
 }
 
 TEST_F(RecalculateTest, AFileThatIsNoStudyEndsWithStatusTwoAndAMessage) {
-  const auto text = home / "RVLFiles" / "σημειώσεις.sht";
+  const auto text = folder / "RVLFiles" / "σημειώσεις.sht";
   WriteAllBytes(text, "όχι μελέτη\n");
-  WriteAllBytes(home / "RVLFiles" / "σημειώσεις.lps", "");
+  WriteAllBytes(folder / "RVLFiles" / "σημειώσεις.lps", "");
   EXPECT_EQ(Run(text), 2);
   EXPECT_NE(err.str().find("ΔΕΝ είναι αρχείο Μελέτης"), std::string::npos);
   EXPECT_EQ(out.str(), "");
-  EXPECT_EQ(Run(home / "RVLFiles" / "λείπει.sht"), 2);
+  EXPECT_EQ(Run(folder / "RVLFiles" / "λείπει.sht"), 2);
   EXPECT_NE(err.str().find("ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ"), std::string::npos);
 }
 

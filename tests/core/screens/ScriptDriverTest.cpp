@@ -305,17 +305,13 @@ TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFound) {
 }
 
 TEST(ScriptDriverFailure, LinesThatCannotBeUnderstoodStopTheScript) {
-  const std::string notOnTop =
-      "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top";
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"frobnicate FrmFake", "t.rvs:1: unknown verb \"frobnicate\""},
       {"press FrmNone.CmdGo",
        "t.rvs:1: no open screen is named FrmNone (the screen on top is FrmFake)"},
-      {"key FrmNone F1", "t.rvs:1: no open screen is named FrmNone (the screen on top is FrmFake)"},
       {"press FrmFake.CmdNone", "t.rvs:1: FrmFake has no control \"CmdNone\""},
       {"press CmdGo", "t.rvs:1: \"CmdGo\" does not name a control as FORM.Control"},
       {"cell FrmFake.Grid x 1 \"5\"", "t.rvs:1: \"x\" is not a whole number"},
-      {"cell FrmFake.Grid 1 \"1\" \"5\"", "t.rvs:1: \"1\" is not a whole number"},
       {"cell FrmFake.Grid 4 1 \"5\"",
        "t.rvs:1: cell 4 1 is outside FrmFake.Grid (3 rows, 4 columns)"},
       {"expect FrmFake.Grid 1 5 \"\"",
@@ -329,7 +325,6 @@ TEST(ScriptDriverFailure, LinesThatCannotBeUnderstoodStopTheScript) {
       {"key FrmFake F13", "t.rvs:1: unknown key \"F13\""},
       {"set FrmFake.TxtValue \"1", "t.rvs:1: the quote is never closed"},
       {"set FrmFake.TxtValue", "t.rvs:1: the line must read: set FORM.Control \"text\""},
-      {"press FrmFake.CmdGo now", "t.rvs:1: the line must read: press FORM.Control"},
       {"answer MAYBE", "t.rvs:1: answer needs YES, NO, file \"path\" or cancel"},
       {"expect FrmFake.TxtValue shiny",
        "t.rvs:1: unknown state \"shiny\" (a text is always quoted)"},
@@ -338,11 +333,10 @@ TEST(ScriptDriverFailure, LinesThatCannotBeUnderstoodStopTheScript) {
        "t.rvs:1: FrmFake.TxtValue cannot be checked that way"},
       {"expect nothing",
        "t.rvs:1: expect needs FORM.Control, screen, message, no message, file or no file"},
-      {"expect file \"KEEP.DAT\" size x", "t.rvs:1: \"x\" is not a whole number"},
       {"choose FrmFake.CboPipes \"Φ99\"", "t.rvs:1: FrmFake.CboPipes has no entry \"Φ99\""},
       {"choose FrmFake.CboPipes #3", "t.rvs:1: FrmFake.CboPipes has no entry #3"},
-      {"press FrmFake.CmdOpen\npress FrmFake.CmdGo", notOnTop},
-      {"press FrmFake.CmdOpen\nexpect FrmFake.TxtValue \"85\"", notOnTop},
+      {"press FrmFake.CmdOpen\npress FrmFake.CmdGo",
+       "t.rvs:2: FrmFake is open but does not take lines now: FrmChild is the screen on top"},
   };
   for (const auto& [script, error] : cases) {
     std::vector<std::string> log;
