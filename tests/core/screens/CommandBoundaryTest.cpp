@@ -73,11 +73,14 @@ TEST_F(CommandBoundaryTest, EveryFailurePutsTheWorkingFilesBackAndIsToldInGreek)
 }
 
 // A file that cannot be put back is named, instead of the word that the files stayed as they
-// were: a folder now stands where the file was, and nothing turns it back into a file.
-TEST_F(CommandBoundaryTest, AFileThatCannotBePutBackIsNamed) {
+// were: a folder now stands where the file was, and nothing turns it back into a file. The
+// files after it still go back.
+TEST_F(CommandBoundaryTest, AFileThatCannotBePutBackIsNamedAndTheOthersGoBack) {
   WriteAllBytes(folder_ / "LOOPS.TMP", "before");
+  WriteAllBytes(folder_ / "SHEETS.TMP", "before");
   EXPECT_FALSE(boundary_.Run([&] {
     Overwrite("LOOPS.TMP", "after");
+    Overwrite("SHEETS.TMP", "after");
     std::filesystem::remove(folder_ / "LOOPS.TMP");
     std::filesystem::create_directories(folder_ / "LOOPS.TMP" / "inside");
     throw RuntimeFault(FaultCode::DeviceIo);
@@ -85,6 +88,7 @@ TEST_F(CommandBoundaryTest, AFileThatCannotBePutBackIsNamed) {
   ASSERT_EQ(prompter_.History().size(), 1u);
   EXPECT_EQ(prompter_.History()[0].Box.Lines.back(),
             "... Η εντολή διακόπηκε. ΔΕΝ επανήλθαν τα αρχεία εργασίας : LOOPS.TMP ...");
+  EXPECT_EQ(Bytes("SHEETS.TMP"), "before");
 }
 
 // A screen of the kit with a control of each kind that keeps state, and a variable of its own.

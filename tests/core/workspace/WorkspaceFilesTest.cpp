@@ -240,16 +240,4 @@ TEST_F(WorkspaceFiles, NestedCommandsUndoTheirOwnAndHandTheRestOutward) {
   EXPECT_EQ(Snapshot(), before);
 }
 
-TEST_F(WorkspaceFiles, ARollbackGoesOnPastAFileThatResists) {
-  const auto before = Snapshot();
-  ws.BeginCommand();
-  ws.Copy("SHEETS.TMP", "DUMMY.TMP");
-  ws.Rewrite("LOOPS.TMP", [](const fs::path& second) { WriteAllBytes(second, "x"); });
-  // DUMMY.TMP was absent and is now a folder that a file delete cannot take away.
-  fs::remove(ws.PathOf("DUMMY.TMP"));
-  fs::create_directories(ws.PathOf("DUMMY.TMP/inner"));
-  EXPECT_NO_THROW(ws.RollbackCommand());
-  EXPECT_EQ(Get(ws, "LOOPS.TMP"), before.at("LOOPS.TMP"));
-}
-
 }  // namespace
