@@ -14,6 +14,7 @@
 #include <set>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include "FileNames.h"
 #include "RuntimeFault.h"
@@ -142,6 +143,16 @@ fs::path SecondFileOf(const fs::path& file) {
 std::function<void(int)>& RewriteStepHook() {
   static std::function<void(int)> hook;
   return hook;
+}
+
+std::error_code& InjectedFailure() {
+  static std::error_code failure;
+  return failure;
+}
+
+// The failure a test asked for, once.
+std::error_code TakeInjectedFailure() {
+  return std::exchange(InjectedFailure(), std::error_code());
 }
 
 void RewriteStep(int step) {
@@ -275,7 +286,7 @@ Workspace::Workspace(fs::path programFolder) : pauseMs_(PauseFromEnvironment()) 
   MakeFolder(folder_);
   MakeFolder(folder_ / kStudiesFolder);
   MakeFolder(folder_ / kPicturesFolder);
-  if (::access(folder_.c_str(), W_OK) != 0) {
+  if (TakeInjectedFailure() || ::access(folder_.c_str(), W_OK) != 0) {
     throw RuntimeFault(FaultCode::PermissionDenied, "Φάκελος " + ToUtf8(folder_));
   }
 }
@@ -314,8 +325,8 @@ std::vector<std::string> Workspace::SeedFrom(const fs::path& dataFolder) {
     if (name == kSeededList || known.count(name)) continue;
     const fs::path target = folder_ / FromUtf8(name);
     if (!PathPresent(target)) {
-      std::error_code ec;
-      fs::copy_file(dataFolder / FromUtf8(name), target, fs::copy_options::none, ec);
+      std::error_code ec = TakeInjectedFailure();
+      if (!ec) fs::copy_file(dataFolder / FromUtf8(name), target, fs::copy_options::none, ec);
       if (ec) {
         // The target was not there before: whatever the failed copy left of it goes.
         std::error_code ignored;
@@ -456,6 +467,10 @@ void Workspace::CopySafely(std::string_view from, std::string_view to) {
 
 void Workspace::SetRewriteStepHook(std::function<void(int)> hook) {
   RewriteStepHook() = std::move(hook);
+}
+
+void Workspace::FailNextChange(std::error_code error) {
+  InjectedFailure() = error;
 }
 
 std::vector<std::string> Workspace::ListFiles(std::string_view folder,

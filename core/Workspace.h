@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -71,6 +72,10 @@ class Workspace : public FileJournal {
   // Called at each step of a rewrite through a second file (1 written, 2 flushed, 3 renamed):
   // a test stops a process there to prove that a crash never leaves half a file.
   static void SetRewriteStepHook(std::function<void(int step)> hook);
+  // Makes the next change of a program folder (its opening for writing, a seeding copy) fail
+  // with `error`, as a read-only folder or file system would even for the superuser; a test's
+  // stand-in for one. Used once, then forgotten.
+  static void FailNextChange(std::error_code error);
 
   // The names of the files of a folder of the program folder ("" for the folder itself) that
   // match a pattern such as "*.ths", without regard to case, in the order of a file list.

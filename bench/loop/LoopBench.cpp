@@ -11,41 +11,30 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <stdexcept>
 #include <string>
 
-#include "CommandBoundary.h"
-#include "FakePlatform.h"
-#include "FrmRavolin.h"
-#include "ScriptedScreens.h"
-#include "TempFolder.h"
-#include "TypeFiles.h"
+#include "MainScreen.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-struct Desk {
-  explicit Desk(bool panels) : ws((setenv("RAVOLINETTE_PAUSE_MS", "0", 1), folder.Path())) {
-    WriteAllBytes(folder / "RavoPipes.txt",
-                  "\xD6"
-                  "16x1\r\n");
-    WriteTypeFile(folder / kSectionFamilyFile, 1, kSectionFamilyCategory, SectionModels(1.2f));
-    WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1.2f));
-    WriteTypeFile(folder / "Πάνελ.ths", 2, "Χαλύβδινα Πάνελ",
+// A full sheet of eight radiators on the main screen, of the sections or of a stepped family.
+struct Desk : MainScreen {
+  explicit Desk(bool panels) {
+    WritePipes({"Φ16x1"});
+    WriteSectionFamily(1.2f);
+    WriteTypeFile("Πάνελ.ths", 2, "Χαλύβδινα Πάνελ",
                   {Stepped("11/600", 95.3f, 0.12f, 100, "400", 4, 30, "27,"),
                    Stepped("22/600", 170.7f, 0.25f, 100, "400", 4, 30, "27,"),
                    Stepped("33/600", 241.9f, 0.37f, 100, "400", 4, 30, "27,")});
-    form = std::make_unique<FrmRavolin>(ws, state, prompter, platform, boundary, screens);
-    boundary.Run([&] { form->Form_Load(); });
-    if (panels)
-      boundary.Run([&] { form->Controls().at("CboSomata").ChooseText("Χαλύβδινα Πάνελ"); });
+    Load();
+    if (panels) Choose("CboSomata", "Χαλύβδινα Πάνελ");
     for (auto [name, text] :
          {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "24.5"}})
-      boundary.Run([&] { form->Controls().at(name).Type(text); });
+      Type(name, text);
     const char* loads[] = {"950", "820", "1130", "640", "780", "1010", "560", "870"};
     const char* models[] = {"II/905",  "III/655", "IV/905", "II/505",
                             "III/505", "IV/655",  "II/355", "III/905"};
@@ -68,14 +57,6 @@ struct Desk {
     if (!boundary.Run([&] { form->SaveTemporarData(); }))
       throw std::runtime_error("the sheet was not saved");
   }
-  TempFolder folder;
-  Workspace ws;
-  StudyState state;
-  ScriptedPrompter prompter;
-  FakePlatform platform;
-  CommandBoundary boundary{ws, prompter, state};
-  ScriptedScreens screens;
-  std::unique_ptr<FrmRavolin> form;
 };
 
 void CalculateAndSave(benchmark::State& run) {

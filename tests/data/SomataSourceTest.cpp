@@ -101,173 +101,83 @@ TEST(SomataSource, LayoutOfTheSourceDoesNotMatter) {
   ExpectSoundImage(EncodeSomataFile(ReadSomataSource("\xEF\xBB\xBF" + Joined(lines, "\r\n"))));
 }
 
-struct Refusal {
-  const char* Name;
-  std::vector<std::pair<std::size_t, std::string>> Edits;  // line of kSound, its new text
-  std::size_t Line;                                        // 0: the source as a whole
-  std::string Message;
-};
-
-const std::string kLong121(121, 'A');
-const std::string kRow = "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | 21,23, |";
-
-class SomataSourceRefusal : public testing::TestWithParam<Refusal> {};
-
-TEST_P(SomataSourceRefusal, NamesTheLineAndTheReason) {
-  std::vector<std::string> lines = kSound;
-  for (const auto& [line, text] : GetParam().Edits) lines.at(line - 1) = text;
-  try {
-    ReadSomataSource(Joined(lines));
-    FAIL() << "accepted";
-  } catch (const SomataSourceError& error) {
-    EXPECT_EQ(error.Line(), GetParam().Line);
-    EXPECT_EQ(error.Message(), GetParam().Message);
-  }
+// Row 11 of the sound source with one cell given another text.
+std::string Row(const std::string& column, const std::string& text) {
+  const std::pair<const char*, const char*> cells[] = {
+      {"SomaType", "22/600"}, {"UnitOutput", "173.1"}, {"UnitArea", "0.24"}, {"SomaHeight", "600"},
+      {"SomaWidth", "100"},   {"UnitWater", "0.6"},    {"MinSteps", "4"},    {"MaxSteps", "30"},
+      {"SomaWeight", "27.9"}, {"Discon", "21,23,"}};
+  std::string row = "|";
+  for (const auto& [name, value] : cells) row += " " + (name == column ? text : value) + " |";
+  return row;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, SomataSourceRefusal,
-    testing::Values(
-        Refusal{"UnknownKey", {{4, "MeanTemp: 60"}}, 4, "unknown key \"MeanTemp\""},
-        Refusal{"KeyTwice", {{6, "Step: 100"}}, 6, "Step given twice (first on line 5)"},
-        Refusal{"MissingKey", {{5, ""}}, 0, "missing Step"},
-        Refusal{"NeitherKeyNorRow",
-                {{6, "StepUnits mm"}},
-                6,
-                "neither a \"Name: value\" line nor a table row: StepUnits mm"},
-        Refusal{"CategoryNoNotWhole",
-                {{2, "CategoryNo: 2.5"}},
-                2,
-                "CategoryNo: \"2.5\" is not a whole number"},
-        Refusal{
-            "CategoryNoZero", {{2, "CategoryNo: 0"}}, 2, "CategoryNo: 0 lies outside 1 to 32767"},
-        Refusal{"CategoryEmpty", {{3, "Category:"}}, 3, "Category is empty"},
-        Refusal{"CategoryNotCp1253",
-                {{3, "Category: Πάνελ ☃"}},
-                3,
-                "Category: \"Πάνελ ☃\" is not in code page 1253"},
-        Refusal{"CategoryTooLong",
-                {{3, "Category: " + kLong121}},
-                3,
-                "Category: \"" + kLong121 + "\" takes 121 bytes, the field holds 120"},
-        Refusal{
-            "MeanTempTooLow", {{4, "MeanActiveTemp: 4.5"}}, 4, "MeanActiveTemp: 4.5 is below 5"},
-        Refusal{
-            "MeanTempTooHigh", {{4, "MeanActiveTemp: 70"}}, 4, "MeanActiveTemp: 70 is above 65"},
-        Refusal{"StepNotANumber", {{5, "Step: 1OO"}}, 5, "Step: \"1OO\" is not a number"},
-        Refusal{"StepZero", {{5, "Step: 0"}}, 5, "Step: 0 makes every size 0"},
-        Refusal{"StepUnitsTooLong",
-                {{6, "StepUnits: χιλιοστά του μέτρου"}},
-                6,
-                "StepUnits: \"χιλιοστά του μέτρου\" takes 19 bytes, the field holds 16"},
-        Refusal{"FirstSomaNotANumber",
-                {{7, "FirstSoma: εκατό"}},
-                7,
-                "FirstSoma: \"εκατό\" is not a number"},
-        Refusal{"FirstSomaTooLong",
-                {{7, "FirstSoma: 100.0000000"}},
-                7,
-                "FirstSoma: \"100.0000000\" takes 11 bytes, the field holds 10"},
-        Refusal{"UnknownColumn",
-                {{9, "| SomaType | UnitOutput | UnitArea | Height | SomaWidth |"}},
-                9,
-                "unknown column \"Height\""},
-        Refusal{"ColumnTwice", {{9, "| SomaType | SomaType |"}}, 9, "column SomaType stands twice"},
-        Refusal{"MissingColumn",
-                {{9,
-                  "| SomaType | UnitOutput | UnitArea | SomaHeight | SomaWidth | UnitWater |"
-                  " MinSteps | MaxSteps | SomaWeight |"}},
-                9,
-                "missing column Discon"},
-        Refusal{"RowWithoutClosingBar",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | 21,23,"}},
-                11,
-                "a table row must end with \"|\""},
-        Refusal{"RowShortOfACell",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 |"}},
-                11,
-                "the row has 9 cells, the header 10"},
-        Refusal{"MissingCell",
-                {{11, "| 22/600 | 173.1 |  | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "missing UnitArea"},
-        Refusal{"MissingModel",
-                {{11, "|  | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "missing SomaType"},
-        Refusal{"DecimalComma",
-                {{11, "| 22/600 | 173,1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "UnitOutput: \"173,1\" is not a number"},
-        Refusal{"UnitAfterNumber",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9kg | |"}},
-                11,
-                "SomaWeight: \"27.9kg\" is not a number"},
-        Refusal{"NotANumberAtAll",
-                {{11, "| 22/600 | nan | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "UnitOutput: \"nan\" is not a number"},
-        Refusal{"UnitOutputZero",
-                {{11, "| 22/600 | 0 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "UnitOutput: 0 is below 0.5"},
-        Refusal{"UnitOutputRoundingToZero",
-                {{11, "| 22/600 | 0.4 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "UnitOutput: 0.4 is below 0.5"},
-        Refusal{"NegativeWater",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | -0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "UnitWater: -0.6 is below 0"},
-        Refusal{"ModelTooLong",
-                {{11,
-                  "| Πάνελ 22/600 Δεξιάς Σύνδεσης | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 |"
-                  " 27.9 | |"}},
-                11,
-                "SomaType: \"Πάνελ 22/600 Δεξιάς Σύνδεσης\" takes 28 bytes, the field holds 25"},
-        Refusal{"ModelNotCp1253",
-                {{11, "| 22/600 ≈ | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |"}},
-                11,
-                "SomaType: \"22/600 ≈\" is not in code page 1253"},
-        Refusal{"StepsNotWhole",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4.5 | 30 | 27.9 | |"}},
-                11,
-                "MinSteps: \"4.5\" is not a whole number"},
-        Refusal{"MinStepsZero",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 0 | 30 | 27.9 | |"}},
-                11,
-                "MinSteps: 0 lies outside 1 to 32767"},
-        Refusal{"MaxStepsPastI16",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 40000 | 27.9 | |"}},
-                11,
-                "MaxSteps: 40000 lies outside 1 to 32767"},
-        Refusal{"MinAboveMax",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 31 | 30 | 27.9 | |"}},
-                11,
-                "MinSteps 31 is above MaxSteps 30"},
-        Refusal{"DisconWithoutClosingComma",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | 21,23 |"}},
-                11,
-                "Discon: \"21,23\" must end with a comma"},
-        Refusal{"DisconWithABlank",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | 21, 23, |"}},
-                11,
-                "Discon: \"21, 23,\" holds other characters than digits and commas"},
-        Refusal{"DisconEmptyNumber",
-                {{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | 21,,23, |"}},
-                11,
-                "Discon: \"21,,23,\" has an empty number"},
-        Refusal{"ModelTwice", {{13, kRow}}, 13, "SomaType \"22/600\" stands twice"},
-        Refusal{"RuleAmongTheRows",
-                {{12, "|---|---|---|---|---|---|---|---|---|---|"}},
-                12,
-                "UnitOutput: \"---\" is not a number"},
-        Refusal{"NoModels", {{11, ""}, {13, ""}}, 0, "no models: the table of models has no rows"},
-        Refusal{"NoTable",
-                {{9, ""}, {10, ""}, {11, ""}, {13, ""}},
-                0,
-                "no models: the table of models has no rows"}),
-    [](const testing::TestParamInfo<Refusal>& info) { return std::string(info.param.Name); });
+TEST(SomataSource, ARefusalNamesTheLineAndTheReason) {
+  const std::string long121(121, 'A');
+  const struct {
+    std::vector<std::pair<std::size_t, std::string>> Edits;  // line of kSound, its new text
+    std::size_t Line;                                        // 0: the source as a whole
+    std::string Message;
+  } cases[] = {
+      {{{4, "MeanTemp: 60"}}, 4, "unknown key \"MeanTemp\""},
+      {{{6, "Step: 100"}}, 6, "Step given twice (first on line 5)"},
+      {{{5, ""}}, 0, "missing Step"},
+      {{{6, "StepUnits mm"}}, 6, "neither a \"Name: value\" line nor a table row: StepUnits mm"},
+      {{{2, "CategoryNo: 2.5"}}, 2, "CategoryNo: \"2.5\" is not a whole number"},
+      {{{2, "CategoryNo: 0"}}, 2, "CategoryNo: 0 lies outside 1 to 32767"},
+      {{{3, "Category:"}}, 3, "Category is empty"},
+      {{{3, "Category: Πάνελ ☃"}}, 3, "Category: \"Πάνελ ☃\" is not in code page 1253"},
+      {{{3, "Category: " + long121}},
+       3,
+       "Category: \"" + long121 + "\" takes 121 bytes, the field holds 120"},
+      {{{4, "MeanActiveTemp: 4.5"}}, 4, "MeanActiveTemp: 4.5 is below 5"},
+      {{{4, "MeanActiveTemp: 70"}}, 4, "MeanActiveTemp: 70 is above 65"},
+      {{{5, "Step: 0"}}, 5, "Step: 0 makes every size 0"},
+      {{{7, "FirstSoma: 100.0000000"}},
+       7,
+       "FirstSoma: \"100.0000000\" takes 11 bytes, the field holds 10"},
+      {{{9, "| SomaType | UnitOutput | Height |"}}, 9, "unknown column \"Height\""},
+      {{{9, "| SomaType | SomaType |"}}, 9, "column SomaType stands twice"},
+      {{{9,
+         "| SomaType | UnitOutput | UnitArea | SomaHeight | SomaWidth | UnitWater | MinSteps "
+         "| MaxSteps | SomaWeight |"}},
+       9,
+       "missing column Discon"},
+      {{{11, Row("", "").substr(0, Row("", "").size() - 2)}},
+       11,
+       "a table row must end with \"|\""},
+      {{{11, "| 22/600 | 173.1 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 |"}},
+       11,
+       "the row has 9 cells, the header 10"},
+      {{{11, Row("UnitArea", "")}}, 11, "missing UnitArea"},
+      {{{11, Row("UnitOutput", "173,1")}}, 11, "UnitOutput: \"173,1\" is not a number"},
+      {{{11, Row("UnitOutput", "nan")}}, 11, "UnitOutput: \"nan\" is not a number"},
+      {{{11, Row("UnitOutput", "0.4")}}, 11, "UnitOutput: 0.4 is below 0.5"},
+      {{{11, Row("UnitWater", "-0.6")}}, 11, "UnitWater: -0.6 is below 0"},
+      {{{11, Row("MinSteps", "31")}}, 11, "MinSteps 31 is above MaxSteps 30"},
+      {{{11, Row("Discon", "21,23")}}, 11, "Discon: \"21,23\" must end with a comma"},
+      {{{11, Row("Discon", "21, 23,")}},
+       11,
+       "Discon: \"21, 23,\" holds other characters than digits and commas"},
+      {{{11, Row("Discon", "21,,23,")}}, 11, "Discon: \"21,,23,\" has an empty number"},
+      {{{13, Row("", "")}}, 13, "SomaType \"22/600\" stands twice"},
+      {{{12, "|---|---|---|---|---|---|---|---|---|---|"}},
+       12,
+       "UnitOutput: \"---\" is not a number"},
+      {{{9, ""}, {10, ""}, {11, ""}, {13, ""}}, 0, "no models: the table of models has no rows"},
+  };
+  for (const auto& c : cases) {
+    std::vector<std::string> lines = kSound;
+    for (const auto& [line, text] : c.Edits) lines.at(line - 1) = text;
+    try {
+      ReadSomataSource(Joined(lines));
+      ADD_FAILURE() << "accepted: " << c.Message;
+    } catch (const SomataSourceError& error) {
+      EXPECT_EQ(error.Line(), c.Line) << c.Message;
+      EXPECT_EQ(error.Message(), c.Message);
+    }
+  }
+}
 
 // The generator as the build runs it: a refused source fails the build step with the file and
 // line, and leaves no stale target; a sound one writes the same bytes under every name.
@@ -293,7 +203,7 @@ TEST(MakeDataFilesSomata, WritesTheSameBytesUnderEveryName) {
 TEST(MakeDataFilesSomata, RefusedSourceFailsWithFileAndLineAndLeavesNoTarget) {
   TempFolder folder;
   std::vector<std::string> lines = kSound;
-  lines[10] = "| 22/600 | 0 | 0.24 | 600 | 100 | 0.6 | 4 | 30 | 27.9 | |";
+  lines[10] = Row("UnitOutput", "0");
   const auto source = folder / "bad.txt";
   WriteAllBytes(source, Joined(lines));
   const auto target = folder / "old.ths";
@@ -302,15 +212,10 @@ TEST(MakeDataFilesSomata, RefusedSourceFailsWithFileAndLineAndLeavesNoTarget) {
   EXPECT_EQ(ReadAllBytes(folder / "err.txt"),
             "make-data-files: " + source.string() + ":11: UnitOutput: 0 is below 0.5\n");
   EXPECT_FALSE(std::filesystem::exists(target));
-}
-
-TEST(MakeDataFilesSomata, MissingKeyIsReportedForTheWholeFile) {
-  TempFolder folder;
-  std::vector<std::string> lines = kSound;
+  lines = kSound;
   lines[1] = "";
-  const auto source = folder / "bad.txt";
   WriteAllBytes(source, Joined(lines));
-  EXPECT_EQ(RunGenerator({source, folder / "out.ths"}, folder / "err.txt"), 1);
+  EXPECT_EQ(RunGenerator({source, target}, folder / "err.txt"), 1);
   EXPECT_EQ(ReadAllBytes(folder / "err.txt"),
             "make-data-files: " + source.string() + ": missing CategoryNo\n");
 }

@@ -2,23 +2,19 @@
 // command raises, in order, and the list left on disk.
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "ClientMessages.h"
 #include "ClientRecord.h"
 #include "FrmCLPass.h"
 #include "FrmCLient.h"
-#include "KillAtRewriteStep.h"
+#include "ProgramFolder.h"
 #include "RecordFile.h"
 #include "ScriptedScreens.h"
 #include "TempFolder.h"
 
 namespace {
 
-class FrmCLientTest : public ::testing::Test {
+class FrmCLientTest : public ::testing::Test, public ProgramFolder {
  protected:
-  FrmCLientTest() : ws(folder.Path()) { ws.SetPauseMilliseconds(0); }
-
   void MakeList(std::vector<std::string> names, std::string password = {}) {
     WriteClients(ws, ClientList{std::move(names), std::move(password)});
   }
@@ -48,8 +44,6 @@ class FrmCLientTest : public ::testing::Test {
     };
   }
 
-  TempFolder folder;
-  Workspace ws;
   StudyState state;
   ScriptedPrompter prompter;
   ScriptedScreens screens;
@@ -59,7 +53,6 @@ class FrmCLientTest : public ::testing::Test {
 const std::string kMessage1 = ClientMessageBox(ClientMessage::AddName).Lines.front();
 const std::string kMessage2 = ClientMessageBox(ClientMessage::NoPassword).Lines.front();
 const std::string kMessage3 = ClientMessageBox(ClientMessage::WrongPassword).Lines.front();
-const std::string kMessage4 = ClientMessageBox(ClientMessage::DeleteName).Lines.front();
 const std::string kMessage5 = ClientMessageBox(ClientMessage::OnlyEntry).Lines.front();
 const std::string kMessage6 = ClientMessageBox(ClientMessage::CorrectName).Lines.front();
 
@@ -67,82 +60,11 @@ std::string Choice(const std::string& name) {
   return ClientMessageBox(ClientMessage::ChooseEngineer, name).Lines.front();
 }
 
-// What each box does: which codes ask and what Enter answers there; every box beeps twice.
-TEST(ClientMessagesTest, WhichCodesAskAndWhatEnterAnswers) {
-  struct Rule {
-    MessageButtons Buttons;
-    MessageIcon Icon;
-    Answer Default;
-  };
-  const Rule asks{MessageButtons::YesNo, MessageIcon::Question, Answer::Yes};
-  const Rule warnsAndAsks{MessageButtons::YesNo, MessageIcon::Critical, Answer::No};
-  const Rule refuses{MessageButtons::Ok, MessageIcon::Critical, Answer::Ok};
-  const std::map<ClientMessage, Rule> listRules = {
-      {ClientMessage::AddName, asks},          {ClientMessage::NoPassword, refuses},
-      {ClientMessage::WrongPassword, refuses}, {ClientMessage::DeleteName, warnsAndAsks},
-      {ClientMessage::OnlyEntry, refuses},     {ClientMessage::CorrectName, asks},
-      {ClientMessage::ChooseEngineer, asks},   {ClientMessage::NameTooLongToPrint, refuses},
-      {ClientMessage::NoName, refuses},        {ClientMessage::PasswordTrouble, refuses}};
-  const std::map<PassMessage, Rule> passRules = {{PassMessage::PasswordsDiffer, refuses},
-                                                 {PassMessage::NoProtection, warnsAndAsks},
-                                                 {PassMessage::PasswordTrouble, refuses}};
-  const auto check = [](const Message& box, const Rule& rule) {
-    SCOPED_TRACE(box.OneLine());
-    EXPECT_EQ(box.Buttons, rule.Buttons);
-    EXPECT_EQ(box.Icon, rule.Icon);
-    EXPECT_EQ(box.Default, rule.Default);
-    EXPECT_EQ(box.Beeps, 2);
-    EXPECT_FALSE(box.Lines.empty());
-  };
-  ASSERT_EQ(ClientMessageTable().size(), listRules.size());
-  for (const auto& [code, box] : ClientMessageTable()) check(box, listRules.at(code));
-  ASSERT_EQ(PassMessageTable().size(), passRules.size());
-  for (const auto& [code, box] : PassMessageTable()) check(box, passRules.at(code));
-  EXPECT_EQ(
-      ClientMessageBox(ClientMessage::ChooseEngineer, "Κ. Νικολάου").Lines,
-      (std::vector<std::string>{"... Μελετητής : Κ. Νικολάου ...", "... ΣΥΜΦΩΝΕΙΤΕ ??? ..."}));
-}
-
 TEST_F(FrmCLientTest, WithoutAListTheScreenClosesAtOnce) {
   state.CurrentEngineer = "Κ. Νικολάου";
   EXPECT_TRUE(Open().Closed());
   EXPECT_EQ(form->Lbl_Client.Text, "Κ. Νικολάου");
   EXPECT_FALSE(std::filesystem::exists(folder / kClientsFile));
-}
-
-TEST_F(FrmCLientTest, OpeningShowsTheNamesTheEngineerInUseAndThePasswordInItsHiddenBox) {
-  MakeList({"Α. Αλεξίου", "Β. Βασιλείου", "Γ. Γεωργίου"}, "κλειδί");
-  state.CurrentEngineer = "Β. Βασιλείου";
-  FrmCLient& f = Open();
-  EXPECT_FALSE(f.Closed());
-  EXPECT_EQ(f.Lst_Names.Items,
-            (std::vector<std::string>{"Α. Αλεξίου", "Β. Βασιλείου", "Γ. Γεωργίου"}));
-  EXPECT_EQ(f.Lst_Names.SelectedIndex(), 1);
-  EXPECT_EQ(f.Lbl_Client.Text, "Β. Βασιλείου");
-  EXPECT_EQ(f.Txt_Pass.Text, "κλειδί");
-  EXPECT_FALSE(f.Txt_Client.Visible);
-}
-
-TEST_F(FrmCLientTest, ANewNameIsAddedAtTheEndWithThePasswordAndThenChosen) {
-  MakeList({"Α. Αλεξίου"}, "κλειδί");
-  const std::string before = Bytes();
-  FrmCLient& f = Open();
-  f.Cmd_New_Click();
-  EXPECT_EQ(f.Lbl_Entry.Text, FrmCLient::kNewCaption);
-  f.Controls().at("Txt_Client").Type("  Δ. Δημητρίου  ");
-  EXPECT_EQ(f.LblNoChars.Text, "< 16 > Χαρακτήρες");  // the counter counts the blanks too
-  f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice("Δ. Δημητρίου")}));
-  EXPECT_TRUE(f.Closed());
-  EXPECT_EQ(state.CurrentEngineer, "Δ. Δημητρίου");
-  EXPECT_EQ(state.LastAnswer, "");
-  const std::string bytes = Bytes();
-  ASSERT_EQ(bytes.size(), 200u);
-  EXPECT_EQ(bytes.substr(0, 100), before);  // the first record byte for byte
-  const auto records = RecordFile<ClientRecord>(folder / kClientsFile).ReadAll();
-  EXPECT_EQ(records[1].ClientNo, 2);
-  EXPECT_EQ(records[1].ClientName, StoredField("Δ. Δημητρίου", kClientNameWidth));
-  EXPECT_EQ(records[1].ClientPass, StoredField("κλειδί", kClientPassWidth));
 }
 
 TEST_F(FrmCLientTest, NoToTheAdditionLeavesTheFileAndStillAsksForTheChoice) {
@@ -159,38 +81,6 @@ TEST_F(FrmCLientTest, NoToTheAdditionLeavesTheFileAndStillAsksForTheChoice) {
   EXPECT_FALSE(f.Closed());
   EXPECT_TRUE(f.Txt_Client.Visible);  // the entry stays for another try
   EXPECT_EQ(state.CurrentEngineer, "");
-}
-
-// The password of a locked list: an emptied box stops every OK with message 2; with the entry
-// open, a wrong password stops it with message 2 as well, never 3, as often as it is tried.
-TEST_F(FrmCLientTest, AMissingOrWrongPasswordStopsOkWithMessage2) {
-  MakeList({"Α. Αλεξίου"}, "κλειδί");
-  const std::string before = Bytes();
-  FrmCLient& f = Open();
-  f.Controls().at("Txt_Pass").Type("");
-  f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2});
-  f.Cmd_New_Click();
-  f.Controls().at("Txt_Client").Type("Ζ. Ζαφειρίου");
-  for (const char* wrong : {"κλειδι", "ΚΛΕΙΔΙ"}) {
-    f.Controls().at("Txt_Pass").Type(wrong);
-    f.Cmd_OK_Click();
-    EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2}) << wrong;
-  }
-  f.Controls().at("Txt_Pass").Type(" κλειδί ");  // trimmed before the comparison
-  f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice("Ζ. Ζαφειρίου")}));
-  EXPECT_EQ(Bytes().substr(0, 100), before);
-  EXPECT_EQ(Bytes().size(), 200u);
-}
-
-TEST_F(FrmCLientTest, AnUnlockedListTakesAnEmptyPassword) {
-  MakeList({"Α. Αλεξίου"});
-  FrmCLient& f = Open();
-  f.Controls().at("Txt_Pass").Type("");
-  f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{Choice("Α. Αλεξίου")});
-  EXPECT_EQ(state.CurrentEngineer, "Α. Αλεξίου");
 }
 
 TEST_F(FrmCLientTest, AnEmptyNameIsNotAdded) {
@@ -231,17 +121,6 @@ TEST_F(FrmCLientTest, ACorrectedNameIsRewrittenInItsPlaceAndTheEngineerFollows) 
   EXPECT_EQ(bytes.substr(102, 78), StoredField(state.CurrentEngineer, kClientNameWidth));
 }
 
-TEST_F(FrmCLientTest, CopyPutsTheHighlightedNameIntoTheEntry) {
-  MakeList({"Α. Αλεξίου", "Β. Βασιλείου"});
-  FrmCLient& f = Open();
-  f.Cmd_New_Click();
-  Highlight("Β. Βασιλείου");
-  f.Cmd_Copy_Click();
-  EXPECT_EQ(f.Txt_Client.Text, "Β. Βασιλείου");
-  EXPECT_EQ(f.LblNoChars.Text, "< 12 > Χαρακτήρες");
-  EXPECT_TRUE(f.NewNameMode());
-}
-
 TEST_F(FrmCLientTest, ANameOf200CharactersStopsAtTheFieldAndTheCounterShowsIt) {
   MakeList({"Α. Αλεξίου"});
   FrmCLient& f = Open();
@@ -254,29 +133,6 @@ TEST_F(FrmCLientTest, ANameOf200CharactersStopsAtTheFieldAndTheCounterShowsIt) {
   f.Cmd_OK_Click();  // more than 50 characters: no command refuses it
   EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice(std::string(60, 'M'))}));
   EXPECT_EQ(ReadClients(ws).Names.back(), std::string(60, 'M'));
-}
-
-TEST_F(FrmCLientTest, DeletingDownToTheLastNameWritesTheListAnewOnClosing) {
-  MakeList({"Α. Αλεξίου", "Β. Βασιλείου", "Γ. Γεωργίου"}, "κλειδί");
-  const std::string before = Bytes();
-  FrmCLient& f = Open();
-  Highlight("Β. Βασιλείου");
-  f.Cmd_Del_Click();  // no answer queued: the box's default is No
-  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage4});
-  EXPECT_EQ(f.Lst_Names.Items.size(), 3u);
-  for (const char* name : {"Β. Βασιλείου", "Α. Αλεξίου"}) {
-    Highlight(name);
-    prompter.QueueAnswer(Answer::Yes);
-    f.Cmd_Del_Click();
-    EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage4});
-  }
-  f.Cmd_Del_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage5});
-  EXPECT_EQ(f.Lst_Names.Items, std::vector<std::string>{"Γ. Γεωργίου"});
-  EXPECT_EQ(Bytes(), before);  // nothing leaves the file before the screen closes
-  f.Cmd_Exit_Click();
-  EXPECT_TRUE(f.Closed());
-  EXPECT_EQ(Bytes(), EncodeClients(ClientList{{"Γ. Γεωργίου"}, "κλειδί"}));  // renumbered
 }
 
 TEST_F(FrmCLientTest, ANameAddedAfterADeletionSurvivesTheRewriteAtClosing) {
@@ -300,21 +156,6 @@ TEST_F(FrmCLientTest, ANameAddedAfterADeletionSurvivesTheRewriteAtClosing) {
   f.Cmd_OK_Click();
   f.CloseBox();
   EXPECT_EQ(ReadClients(ws).Names, (std::vector<std::string>{"Β. Βασιλείου-Δήμου", "Γ. Γεωργίου"}));
-}
-
-TEST_F(FrmCLientTest, ChangingThePasswordRewritesEveryRecord) {
-  MakeList({"Α. Αλεξίου", "Β. Βασιλείου"}, "παλιό");
-  FrmCLient& f = Open();
-  screens.Queue(Passwords("παλιό"));
-  screens.Queue(Passwords("Νέο-Ω1", "Νέο-Ω1"));
-  f.Cmd_Lock_Click();
-  EXPECT_EQ(screens.Shown, (std::vector<std::string>{"FrmCLPass", "FrmCLPass"}));
-  EXPECT_EQ(Boxes(), std::vector<std::string>{});
-  EXPECT_EQ(f.Txt_Pass.Text, "Νέο-Ω1");
-  EXPECT_EQ(Bytes(), EncodeClients(ClientList{{"Α. Αλεξίου", "Β. Βασιλείου"}, "Νέο-Ω1"}));
-  f.CloseBox();
-  state.CurrentEngineer.clear();
-  EXPECT_EQ(Open().Txt_Pass.Text, "Νέο-Ω1");  // the Greek password reads back
 }
 
 TEST_F(FrmCLientTest, APasswordChangeStopsAtTheFirstCheckThatFails) {
@@ -369,21 +210,6 @@ TEST_F(FrmCLientTest, AnEmptyNewPasswordUnlocksOnlyOnYes) {
   EXPECT_EQ(f.Txt_Pass.Text, "");
 }
 
-TEST(FrmCLPassTest, TheModesShowTheirCaptionsAndBoxes) {
-  StudyState state;
-  ScriptedPrompter prompter;
-  FrmCLPass check(FrmCLPass::Mode::Check, "x", prompter, state);
-  EXPECT_EQ(check.Label1.Text, "Δώστε το υπάρχον Password :");
-  EXPECT_FALSE(check.LblOK.Visible);
-  EXPECT_FALSE(check.TxtPassOK.Visible);
-  FrmCLPass fresh(FrmCLPass::Mode::New, "x", prompter, state);
-  EXPECT_EQ(fresh.Label1.Text, "Δώστε το Νέο Password :");
-  EXPECT_TRUE(fresh.LblOK.Visible);
-  EXPECT_TRUE(fresh.TxtPassOK.Visible);
-  fresh.Controls().at("TxtPass").Type(std::string(30, 'p'));
-  EXPECT_EQ(fresh.TxtPass.Text, std::string(20, 'p'));  // the field's width
-}
-
 TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
   WriteAllBytes(folder / kClientsFile, "");
   FrmCLient& f = Open();
@@ -396,20 +222,6 @@ TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
   f.Controls().at("Txt_Client").Type("Α. Αλεξίου");
   f.Cmd_OK_Click();
   EXPECT_EQ(ReadClients(ws).Names, std::vector<std::string>{"Α. Αλεξίου"});
-  // A record cut short, one and a half records: a name is still added after them.
-  for (const std::size_t size : {99u, 150u}) {
-    WriteAllBytes(folder / kClientsFile, std::string(size, 'Q'));
-    FrmCLient& cut = Open();
-    cut.Cmd_New_Click();
-    cut.Controls().at("Txt_Client").Type("Ω");
-    cut.Controls().at("Txt_Pass").Type(cut.Txt_Pass.Text);
-    prompter.QueueAnswer(Answer::Yes);
-    prompter.QueueAnswer(Answer::No);
-    cut.Cmd_OK_Click();
-    EXPECT_EQ(ReadClients(ws).Names.back(), "Ω") << size;
-    EXPECT_EQ(std::filesystem::file_size(folder / kClientsFile) % 100, 0u) << size;
-  }
-  MakeList({"Α. Αλεξίου"});
   // A garbage password field locks the list: the name can still be chosen, not added.
   std::string bytes = Bytes();
   for (std::size_t i = 80; i < 100; ++i) bytes[i] = static_cast<char>(0x90 + i);
@@ -421,27 +233,6 @@ TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
   g.Cmd_OK_Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2});
   EXPECT_EQ(Bytes(), bytes);
-}
-
-// Changing the password killed at every step of the rewrite: the list on disk is the old one or
-// the new one, and never holds two passwords.
-TEST_F(FrmCLientTest, APasswordChangeKilledAtAnyStepLeavesOnePassword) {
-  MakeList({"Α", "Β", "Γ"}, "παλιό");
-  const std::string oldBytes = Bytes();
-  const std::string newBytes = EncodeClients(ClientList{{"Α", "Β", "Γ"}, "νέο"});
-  for (int stop = 1; stop <= 4; ++stop) {
-    WriteAllBytes(folder / kClientsFile, oldBytes);
-    KillAtRewriteStep(stop, [&] {
-      screens.Queue(Passwords("παλιό"));
-      screens.Queue(Passwords("νέο", "νέο"));
-      Open().Cmd_Lock_Click();
-    });
-    const std::string bytes = Bytes();
-    EXPECT_TRUE(bytes == oldBytes || bytes == newBytes) << "stop " << stop;
-    if (stop == 4) {
-      EXPECT_EQ(bytes, newBytes);  // the hook never stopped it
-    }
-  }
 }
 
 }  // namespace

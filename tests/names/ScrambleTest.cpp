@@ -43,13 +43,8 @@ TEST(ScrambleTest, EachByteIsShiftedByTheDrawOfItsPlace) {
 
 TEST(ScrambleTest, RoundTripsOfNamesAndPasswords) {
   const std::vector<std::string> texts = {
-      "",
-      "Γ. Παπαδόπουλος, Μηχανολόγος Μηχανικός",
-      "Ά",
-      "ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩαβγδεζηθικλμνξοπρστυφχψωάέήίόύώϊϋΐΰς ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡ",
-      "Ing. J. Muller & Co. (Θεσσαλονίκη) 100%",
-      "κωδικός1",
-  };
+      "", "Ά", "ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩαβγδεζηθικλμνξοπρστυφχψωάέήίόύώϊϋΐΰς ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡ",
+      "Ing. J. Muller & Co. (Θεσσαλονίκη) 100%"};
   for (const std::string& text : texts) {
     const std::string bytes = Utf8ToCp1253(text);
     const std::string scrambled = ScrambleText(bytes);
@@ -59,7 +54,7 @@ TEST(ScrambleTest, RoundTripsOfNamesAndPasswords) {
     }
     EXPECT_EQ(Cp1253ToUtf8(UnscrambleText(scrambled)), text);
   }
-  EXPECT_EQ(Utf8ToU32(texts[3]).size(), 78u);
+  EXPECT_EQ(Utf8ToU32(texts[2]).size(), 78u);
 }
 
 }  // namespace

@@ -8,8 +8,6 @@ namespace {
 
 class FamiliesTest : public SheetsTest {
  protected:
-  FamiliesTest() { WritePipes({"Φ16x1"}); }
-
   void WritePanelFamily(const std::string& file, const std::string& category, int16_t number,
                         float unitOutput = 150) {
     WriteTypeFile(file, number, category,
@@ -134,17 +132,6 @@ TEST_F(FamiliesTest, AnEmptyTypeFileFailsItsTestAndOneCutShortStillServes) {
   EXPECT_TRUE(prompter.History().empty());
 }
 
-TEST_F(FamiliesTest, GetListIndexFindsTheEntryOrGivesTheFirst) {
-  WriteSectionFamily();
-  WritePanelFamily("Χαλύβδινα Πάνελ.ths", "Χαλύβδινα Πάνελ", 9);
-  Load();
-  int16_t index = -1;
-  form->GetListIndex("Χαλύβδινα Πάνελ", index);
-  EXPECT_EQ(index, 1);
-  form->GetListIndex("Άγνωστη", index);
-  EXPECT_EQ(index, 0);
-}
-
 class CalculatedSheetFamilyTest : public FamiliesTest {
  protected:
   void SetUp() override {
@@ -152,47 +139,35 @@ class CalculatedSheetFamilyTest : public FamiliesTest {
     WritePanelFamily("Χαλύβδινα Πάνελ.ths", "Χαλύβδινα Πάνελ", 9);
     Load();
     TypeHeader();
-    Cell(1, 1, "1");
-    Cell(1, 2, "1000");
-    Cell(1, 3, "20");
-    Cell(1, 10, "II/905");
+    Radiator(1, "1", "1000");
     Key(KeyCode::F10);
     ASSERT_EQ(form->Grid.Text(1, 11), "13/II/905");
     prompter.Clear();
   }
 };
 
-TEST_F(CalculatedSheetFamilyTest, AnotherFamilyAsksAndNoPutsTheComboBack) {
+TEST_F(CalculatedSheetFamilyTest, AnotherFamilyAsksNoPutsTheComboBackYesDiscardsTheResults) {
+  Choose("CboSomata", kSectionFamilyCategory);  // the same family: no question
+  EXPECT_TRUE(prompter.History().empty());
   prompter.QueueAnswer(Answer::No);
   Choose("CboSomata", "Χαλύβδινα Πάνελ");
   ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Title, "!! ΠΡΟΣΟΧΗ !!");
   EXPECT_EQ(LastBox().Lines.front(),
             "!! ΘΑ ΔΙΑΓΡΑΦΟΥΝ ΟΛΑ ΤΑ ΑΠΟΤΕΛΕΣΜΑΤΑ ΤΟΥ ΤΡΕΧΟΝΤΟΣ ΦΎΛΛΟΥ  !!");
   EXPECT_EQ(form->CboSomata.Text(), kSectionFamilyCategory);
   EXPECT_EQ(Bytes(SomataWorkingCopy.Name), Bytes(kSectionFamilyFile));
   EXPECT_EQ(form->Grid.Text(1, 11), "13/II/905");
   EXPECT_EQ(state.Calculated, -1);
-}
-
-TEST_F(CalculatedSheetFamilyTest, YesTakesTheFamilyAndDiscardsTheResults) {
   prompter.QueueAnswer(Answer::Yes);
   Choose("CboSomata", "Χαλύβδινα Πάνελ");
   EXPECT_EQ(Bytes(SomataWorkingCopy.Name), Bytes("Χαλύβδινα Πάνελ.ths"));
   EXPECT_EQ(state.SomaCategory, 2);
   EXPECT_EQ(form->Grid.Text(1, 11), "");
-  EXPECT_EQ(form->Grid.Text(1, 5), "");
   EXPECT_EQ(form->TxtFlow.Text, "");
   EXPECT_EQ(form->Grid.Text(1, 10), "II/905");  // the typed model stays
   EXPECT_EQ(state.Calculated, 0);
   EXPECT_EQ(state.StudyChanged, -1);
   EXPECT_EQ(form->Grid.List(1, 10), (std::vector<std::string>{"11/600", "22/600"}));
-}
-
-TEST_F(CalculatedSheetFamilyTest, TheSameFamilyAgainAsksNothing) {
-  Choose("CboSomata", kSectionFamilyCategory);
-  EXPECT_TRUE(prompter.History().empty());
-  EXPECT_EQ(state.Calculated, -1);
 }
 
 }  // namespace

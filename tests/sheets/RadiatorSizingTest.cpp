@@ -1,8 +1,11 @@
 // Sizing one radiator: the unit count with its rounded divisibility test, the rating table of
 // the sections with its Greek-keyboard spellings, and the stepped family read from the working
-// copy, with its discontinuities walked as the engineers' files expect.
+// copy, with its discontinuities walked as the engineers' files expect; and the cascade of the
+// water temperature along one row.
 #include <optional>
 
+#include "Faults.h"
+#include "RowCascade.h"
 #include "SheetsFixture.h"
 
 namespace {
@@ -20,13 +23,8 @@ TEST_P(UnitCountTest, CountsOrFails) {
   const UnitCountCase& c = GetParam();
   if (c.Units) {
     EXPECT_EQ(UnitCount(c.Load, c.Rating, c.SecondTest), *c.Units);
-    return;
-  }
-  try {
-    UnitCount(c.Load, c.Rating, c.SecondTest);
-    FAIL() << "no failure";
-  } catch (const RuntimeFault& fault) {
-    EXPECT_EQ(fault.Code(), c.Fault);
+  } else {
+    EXPECT_EQ(FaultOf([&] { UnitCount(c.Load, c.Rating, c.SecondTest); }), c.Fault);
   }
 }
 
@@ -47,51 +45,12 @@ INSTANTIATE_TEST_SUITE_P(
         UnitCountCase{1e7f, 90, false, std::nullopt, FaultCode::Overflow},  // 111112 units
         UnitCountCase{1e10f, 90, false, std::nullopt, FaultCode::Overflow}));
 
-struct SectionCase {
-  float Load;
-  const char* Model;
-  const char* Text;
-  float Output, Area, Length;
-};
-
-class SectionSizingTest : public SheetsTest, public ::testing::WithParamInterface<SectionCase> {};
-
-TEST_P(SectionSizingTest, SizesFromTheRatingTable) {
-  const SectionCase& c = GetParam();
-  RadiatorSizing sizing(ws, state);
-  SomaSize size;
-  size.Area = 7.5f;  // what the area held before: an unknown model leaves it
-  sizing.CalculateSoma_Fetes(0, c.Load, c.Model, size);
-  EXPECT_EQ(size.SomaText, c.Text);
-  EXPECT_FLOAT_EQ(size.Output, c.Output);
-  EXPECT_FLOAT_EQ(size.Area, c.Area);
-  EXPECT_FLOAT_EQ(size.Length, c.Length);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Models, SectionSizingTest,
-    ::testing::Values(SectionCase{500, "II/905", "6/II/905", 540, 1.2f, 0.24f},
-                      SectionCase{450, "II/905", "5/II/905", 450, 1.0f, 0.2f},
-                      SectionCase{450.4f, "ΙΙ/905", "5/ΙΙ/905", 450, 1.0f, 0.2f},
-                      SectionCase{500, "ΙΩ/905", "3/ΙΩ/905", 510, 1.26f, 0.12f},
-                      SectionCase{500, "ΙV/905", "3/ΙV/905", 510, 1.26f, 0.12f},
-                      SectionCase{1000, "ΙΙΙ/355", "16/ΙΙΙ/355", 1040, 2.24f, 0.64f},
-                      SectionCase{800, "IV/355", "10/IV/355", 800, 1.9f, 0.4f},
-                      // the comparison is exact: no other case, no other letters
-                      SectionCase{500, "ii/905", "0/ii/905", 0, 7.5f, 0},
-                      SectionCase{500, "V/905", "0/V/905", 0, 7.5f, 0}));
-
 TEST_F(SheetsTest, SectionsAbove32767KcalOverflow) {
   RadiatorSizing sizing(ws, state);
   SomaSize size;
   // 400 sections of II/905 are 36000 Kcal/h: the product leaves the 16-bit range.
-  try {
-    sizing.CalculateSoma_Fetes(0, 36000, "II/905", size);
-    FAIL() << "no failure";
-  } catch (const RuntimeFault& fault) {
-    EXPECT_EQ(fault.Code(), FaultCode::Overflow);
-    EXPECT_NE(fault.Detail().find("II/905"), std::string::npos);
-  }
+  EXPECT_EQ(FaultOf([&] { sizing.CalculateSoma_Fetes(0, 36000, "II/905", size); }, "II/905"),
+            FaultCode::Overflow);
 }
 
 // ---- The stepped family --------------------------------------------------------------------
@@ -138,32 +97,8 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(PanelSizingTest, ABlankInsideTheListOrAnEmptyTokenIsAFailureNamingTheList) {
   for (const char* discon : {"8, 10,", ",,,,,,,,", ","}) {
     WorkingCopy({Stepped("22/600", 100, 0.25f, 100, "400", 1, 30, discon)});
-    try {
-      Size(950, "22/600");
-      ADD_FAILURE() << "no failure for \"" << discon << "\"";
-    } catch (const RuntimeFault& fault) {
-      EXPECT_EQ(fault.Code(), FaultCode::TypeMismatch);
-      EXPECT_NE(fault.Detail().find("22/600"), std::string::npos);
-    }
+    EXPECT_EQ(FaultOf([&] { Size(950, "22/600"); }, "22/600"), FaultCode::TypeMismatch) << discon;
   }
-}
-
-TEST_F(PanelSizingTest, SizeTextOutputLengthAndAreaFollowTheSteps) {
-  WorkingCopy({Stepped("11/600", 90.5f, 0.12f, 100, "400", 4, 30, ""),
-               Stepped("22/600", 150.5f, 0.25f, 100, "400", 4, 30, "")});
-  const SomaSize size = Size(1137.48f, "22/600");  // 1137 mod 150 = 87: 7 + 1 steps
-  EXPECT_EQ(size.SomaText, "800/22/600");
-  EXPECT_FLOAT_EQ(size.Output, 1204);  // the whole part of 8 x 150.5
-  EXPECT_FLOAT_EQ(size.Length, 3.2f);  // 400 x 8 / 1000
-  EXPECT_FLOAT_EQ(size.Area, 2.0f);
-}
-
-TEST_F(PanelSizingTest, AModelNotInTheFamilyIsSizedFromItsLastRecord) {
-  WorkingCopy({Stepped("11/600", 90, 0.12f, 100, "400", 4, 30, ""),
-               Stepped("22/600", 150, 0.25f, 100, "400", 4, 30, "")});
-  const SomaSize size = Size(1000, "33/900");  // 1000 mod 150 = 100: 6 + 1 steps of 22/600
-  EXPECT_EQ(size.SomaText, "700/33/900");
-  EXPECT_FLOAT_EQ(size.Output, 1050);
 }
 
 TEST_F(PanelSizingTest, AMissingWorkingCopyIsCreatedEmptyAndTheRecordReadBeforeStays) {
@@ -183,12 +118,7 @@ TEST_F(PanelSizingTest, AnEmptyWorkingCopyFromTheStartDividesByZero) {
 
 TEST_F(PanelSizingTest, AFirstBodyThatIsNoNumberIsReported) {
   WorkingCopy({Stepped("22/600", 150, 0.25f, 100, "40Ο", 4, 30, "")});
-  try {
-    Size(1000, "22/600");
-    FAIL() << "no failure";
-  } catch (const RuntimeFault& fault) {
-    EXPECT_EQ(fault.Code(), FaultCode::TypeMismatch);
-  }
+  EXPECT_EQ(FaultOf([&] { Size(1000, "22/600"); }), FaultCode::TypeMismatch);
 }
 
 TEST_F(PanelSizingTest, StepsForTheRangeCheckIgnoreTheDiscontinuities) {
@@ -200,5 +130,68 @@ TEST_F(PanelSizingTest, StepsForTheRangeCheckIgnoreTheDiscontinuities) {
   // ...while the sizing steps over 8: one step above the largest size, as kept.
   EXPECT_EQ(Size(1137, "22/600").SomaText, "900/22/600");
 }
+
+// The cascade of one row, worked by hand from the formula: out = in - load / flow,
+// mean = (out + in) / 2, factor = 60 / (mean - room), equivalent = load × factor, each kept in
+// single precision before the next step uses it.
+struct CascadeCase {
+  float In, Load, Room;
+  std::optional<float> Flow;
+  float OutWithoutFlow;
+  RowTemperatures Expected;
+};
+
+class RowCascadeTest : public ::testing::TestWithParam<CascadeCase> {};
+
+TEST_P(RowCascadeTest, WorkedByHand) {
+  const CascadeCase& c = GetParam();
+  const RowTemperatures t = CascadeRow(c.In, c.Load, c.Room, c.Flow, c.OutWithoutFlow);
+  EXPECT_EQ(t.Out, c.Expected.Out);
+  EXPECT_EQ(t.Mean, c.Expected.Mean);
+  EXPECT_EQ(t.Factor, c.Expected.Factor);
+  EXPECT_EQ(t.Equivalent, c.Expected.Equivalent);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, RowCascadeTest,
+    ::testing::Values(
+        // 80 - 1000 / 50 = 60, mean 70, 60 / 50 = 1.2 kept as 1.20000005; 1000 × 1.20000005
+        // = 1200.00005, kept as 1200.
+        CascadeCase{80, 1000, 20, 50.0f, 0, {60, 70, 1.20000005f, 1200}},
+        // 70 - 900 / 60 = 55, mean 62.5, 60 / 42.5 = 1.41176471 kept as 1.41176474;
+        // 900 × 1.41176474 = 1270.588267, kept as 1270.58826.
+        CascadeCase{70, 900, 20, 60.0f, 0, {55, 62.5f, 1.41176474f, 1270.58826f}},
+        // 80 - 1000 / 45 = 57.7777778 kept as 57.7777786; the mean of that and 80 is
+        // 68.8888893, kept as 68.8888855; 60 / 50.8888855 = 1.17903937 kept as 1.17903936;
+        // 1000 × 1.17903936 = 1179.039359, kept as 1179.03931.
+        CascadeCase{80, 1000, 18, 45.0f, 0, {57.7777786f, 68.8888855f, 1.17903936f, 1179.03931f}},
+        // 90 - 1500 / 40 = 52.5, mean 71.25, 60 / 49.25 = 1.21827411 kept as 1.21827412;
+        // 1500 × 1.21827412 = 1827.41117, kept as 1827.41113.
+        CascadeCase{90, 1500, 22, 40.0f, 0, {52.5f, 71.25f, 1.21827412f, 1827.41113f}},
+        // The water may cool to the room: 30 - 10 = 20, mean 25, 60 / 5 = 12.
+        CascadeCase{30, 1000, 20, 100.0f, 0, {20, 25, 12, 12000}},
+        // No flow yet: the outlet of the row before (65) stands, mean 70.
+        CascadeCase{75, 500, 20, std::nullopt, 65, {65, 70, 1.20000005f, 600}},
+        // No flow on the first row: the outlet is 0, mean 40, 60 / 20 = 3.
+        CascadeCase{80, 450, 20, std::nullopt, 0, {0, 40, 3, 1350}}));
+
+struct FailingCase {
+  float In, Load, Room;
+  std::optional<float> Flow;
+};
+
+class RowCascadeFailure : public ::testing::TestWithParam<FailingCase> {};
+
+TEST_P(RowCascadeFailure, DividesByZero) {
+  const FailingCase& c = GetParam();
+  EXPECT_EQ(FaultOf([&] { CascadeRow(c.In, c.Load, c.Room, c.Flow); }), FaultCode::DivisionByZero);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, RowCascadeFailure,
+    ::testing::Values(FailingCase{80, 1000, 20,
+                                  0.0f},  // a flow of 0
+                                          // 30 - 200 / 20 = 20, mean 25: the room's own
+                      FailingCase{30, 200, 25, 20.0f}));
 
 }  // namespace

@@ -10,17 +10,13 @@ class RecoveryTest : public SheetsTest {
  protected:
   // A first run that enters two calculated sheets and never ends.
   RecoveryTest() {
-    WritePipes({"Φ16x1"});
     WriteSectionFamily();
     Load();
     TypeHeader();
     for (int sheet = 1; sheet <= 2; ++sheet) {
       if (sheet == 2) Key(KeyCode::PageDown);
       Type("TxtLoopNo", "Κ" + std::to_string(sheet));
-      Cell(1, 1, "1");
-      Cell(1, 2, std::to_string(700 + sheet));
-      Cell(1, 3, "20");
-      Cell(1, 10, "II/905");
+      Radiator(1, "1", std::to_string(700 + sheet));
       Key(KeyCode::F10);
     }
     boundary.Run(*form, [&] { form->SaveTemporarData(); });
@@ -81,13 +77,6 @@ TEST_F(RecoveryTest, ClosingTheBoxDecidesNothingAndTheNextStartAsksAgain) {
   EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), loops);
   Restart([](FrmOldStudy&) {});
   EXPECT_EQ(screens.Shown, (std::vector<std::string>{"FrmOldStudy", "FrmOldStudy"}));
-}
-
-TEST_F(RecoveryTest, SheetsWithoutRowsNeverReachTheQuestion) {
-  WriteAllBytes(folder / "LOOPS.TMP", "");
-  Restart([](FrmOldStudy&) { ADD_FAILURE() << "no question expected"; });
-  EXPECT_TRUE(screens.Shown.empty());
-  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
 }
 
 TEST_F(RecoveryTest, TheMessageLinesStandCentredWithTheirExtraBlanks) {

@@ -10,16 +10,12 @@ namespace {
 class StudyFileTest : public SheetsTest {
  protected:
   StudyFileTest() {
-    WritePipes({"Φ16x1"});
     WriteSectionFamily();
     Load();
     TypeHeader("20", "80");
   }
   void CalculatedSheet() {
-    Cell(1, 1, "1");
-    Cell(1, 2, "900");
-    Cell(1, 3, "20");
-    Cell(1, 10, "II/905");
+    Radiator(1, "1", "900");
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1);
     prompter.Clear();
@@ -32,21 +28,6 @@ class StudyFileTest : public SheetsTest {
   std::filesystem::path Study(const std::string& name) { return folder / "RVLFiles" / name; }
   std::string Bytes(const std::filesystem::path& file) { return ReadAllBytes(file); }
 };
-
-TEST_F(StudyFileTest, AStudyIsSavedAsByteCopiesOfItsWorkingFiles) {
-  CalculatedSheet();
-  state.StudyChanged = -1;
-  platform.FileAnswers.push_back(Study("Μελέτη Α"));
-  CtrlS();
-  ASSERT_TRUE(std::filesystem::exists(Study("Μελέτη Α.sht")));
-  EXPECT_EQ(Bytes(Study("Μελέτη Α.sht")), Bytes(folder / "SHEETS.TMP"));
-  EXPECT_EQ(Bytes(Study("Μελέτη Α.lps")), Bytes(folder / "LOOPS.TMP"));
-  EXPECT_EQ(std::filesystem::file_size(Study("Μελέτη Α.lps")), 8u * 298);
-  EXPECT_FALSE(std::filesystem::exists(Study("Μελέτη Α.rvf")));  // no levels yet
-  EXPECT_EQ(state.StudyChanged, 0);
-  EXPECT_EQ(state.StudyFileName, Study("Μελέτη Α.sht").string());
-  EXPECT_TRUE(prompter.History().empty());
-}
 
 TEST_F(StudyFileTest, LevelsGoWithTheStudyAndAnOldLevelsFileStaysWhenThereAreNone) {
   CalculatedSheet();
@@ -76,16 +57,6 @@ TEST_F(StudyFileTest, ASheetWithoutResultsOrACancelledDialogSavesNothing) {
   EXPECT_TRUE(std::filesystem::is_empty(folder / "RVLFiles"));
 }
 
-TEST_F(StudyFileTest, ANewStudyAsksFirstAndNoKeepsEverything) {
-  CalculatedSheet();
-  prompter.QueueAnswer(Answer::No);
-  boundary.Run(*form, [&] { form->Controls().at("CmdNew").Press(); });
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Title, "...!! ΠΡΟΣΟΧΗ  !!...");
-  EXPECT_EQ(form->Grid.Text(1, 2), "900");
-  EXPECT_TRUE(std::filesystem::exists(folder / "SHEETS.TMP"));
-}
-
 TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles) {
   CalculatedSheet();
   state.StudyChanged = -1;
@@ -96,13 +67,8 @@ TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles
   EXPECT_EQ(LastBox().Lines.front(), "!! Η ΤΡΕΧΟΥΣΑ ΜΕΛΕΤΗ, ΔΕΝ ΕΧΕΙ < ΣΩΘΕΙ > ΣΕ ΑΡΧΕΙΟ !!");
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
   EXPECT_FALSE(std::filesystem::exists(folder / "LOOPS.TMP"));
-  EXPECT_EQ(form->TxtThema.Text, "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
-  EXPECT_EQ(form->TxtOwnership.Text, "");
   EXPECT_EQ(form->TxtLoopLength.Text, "");
-  EXPECT_EQ(form->TxtTempDrop.Text, "20");
   EXPECT_EQ(form->TxtOrigTemp.Text, "80");  // kept, as Txta_a
-  EXPECT_EQ(form->Txta_a.Text, "1");
-  EXPECT_EQ(form->Grid.DataRowCount(), 0);
   EXPECT_EQ(state.StudyChanged, 0);
   EXPECT_EQ(state.ColumnsEditable, 0);
   EXPECT_EQ(state.SomaCategory, 1);  // the first family of the combo is taken again
@@ -114,18 +80,6 @@ TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles
   EXPECT_EQ(form->TxtVelocity.Text, "0.08");
 }
 
-TEST_F(StudyFileTest, YesToSavingOpensTheSaveDialogFirst) {
-  CalculatedSheet();
-  state.StudyChanged = -1;
-  prompter.QueueAnswer(Answer::Yes);
-  prompter.QueueAnswer(Answer::Yes);
-  platform.FileAnswers.push_back(Study("Δ.sht"));
-  boundary.Run(*form, [&] { form->Controls().at("CmdNew").Press(); });
-  EXPECT_TRUE(std::filesystem::exists(Study("Δ.sht")));
-  EXPECT_EQ(std::filesystem::file_size(Study("Δ.lps")), 8u * 298);
-  EXPECT_FALSE(std::filesystem::exists(folder / "LOOPS.TMP"));
-}
-
 TEST_F(StudyFileTest, ClosingTheProgramOffersToSaveAnUnsavedCalculatedStudy) {
   CalculatedSheet();
   state.StudyChanged = -1;
@@ -135,15 +89,6 @@ TEST_F(StudyFileTest, ClosingTheProgramOffersToSaveAnUnsavedCalculatedStudy) {
   EXPECT_EQ(LastBox().Lines.back(), "... θέλετε να < σωθεί > η Μελέτη σε Αρχείο ? ...");
   EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
   EXPECT_TRUE(form->Closed());
-}
-
-TEST_F(StudyFileTest, ClosingAfterASaveAsksNothing) {
-  CalculatedSheet();
-  state.StudyChanged = -1;
-  platform.FileAnswers.push_back(Study("Ε"));
-  CtrlS();
-  boundary.Run(*form, [&] { form->CloseBox(); });
-  EXPECT_TRUE(prompter.History().empty());
 }
 
 TEST_F(StudyFileTest, ASaveIntoAFolderThatIsNotThereFailsCleanly) {
@@ -158,14 +103,6 @@ TEST_F(StudyFileTest, ASaveIntoAFolderThatIsNotThereFailsCleanly) {
   EXPECT_EQ(Bytes(folder / "SHEETS.TMP"), sheets);
   EXPECT_EQ(form->Grid.Text(1, 11), size);
   EXPECT_EQ(size, "12/II/905");
-}
-
-TEST_F(StudyFileTest, ASubjectOutsideTheCodePageIsSavedWithItsOtherCharactersWhole) {
-  Type("TxtThema", "Μελέτη ☺ Α");
-  CalculatedSheet();
-  platform.FileAnswers.push_back(Study("Η"));
-  CtrlS();
-  EXPECT_EQ(RecordFile<SheetRecord>(Study("Η.sht")).Read(1).Thema, "Μελέτη ? Α");
 }
 
 // The disk fills while the second file of the .lps is written: the study on disk stays the
@@ -203,10 +140,7 @@ class OpenStudyTest : public StudyFileTest {
   void SetUp() override {
     CalculatedSheet();
     Key(KeyCode::PageDown);
-    Cell(1, 1, "1");
-    Cell(1, 2, "700");
-    Cell(1, 3, "20");
-    Cell(1, 10, "II/655");
+    Radiator(1, "1", "700", "20", "II/655");
     Key(KeyCode::F10);
     platform.FileAnswers.push_back(Study("Α"));
     CtrlS();
@@ -225,37 +159,6 @@ class OpenStudyTest : public StudyFileTest {
     boundary.Run(*form, [&] { form->Form_KeyDown(key); });
   }
 };
-
-TEST_F(OpenStudyTest, TheBrowserListsTheStudiesBySubjectAndOpensOne) {
-  Open([&](FrmOpenSave_M& browser) {
-    EXPECT_EQ(browser.LstStudies.Items, std::vector<std::string>{"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
-    EXPECT_EQ(browser.LblNumber.Text, "1");
-    EXPECT_EQ(std::filesystem::file_size(folder / "Studies.std"), 526u);
-    browser.Controls().at("LstStudies").Select({"(0001.) ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"});
-    EXPECT_EQ(browser.LblFileName.Text, "Α.sht");
-    EXPECT_EQ(browser.LblFilePath.Text, WithBackslash((folder / "RVLFiles").string()));
-    EXPECT_EQ(browser.LblFileDate.Text.size(), 16u);  // " < 23/11/2026 > "
-    browser.CmdOpenSave_Click();
-    EXPECT_TRUE(browser.Closed());
-  });
-  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), ReadAllBytes(Study("Α.sht")));
-  EXPECT_EQ(ReadAllBytes(folder / "LOOPS.TMP"), ReadAllBytes(Study("Α.lps")));
-  EXPECT_FALSE(std::filesystem::exists(folder / "RAVOFLOORS.TMP"));  // saved without levels
-  EXPECT_EQ(form->Grid.Text(1, 2), "900");
-  EXPECT_EQ(state.SheetCount, 2);
-  EXPECT_EQ(state.StudyFileName, Study("Α.sht").string());
-  Key(KeyCode::PageDown);
-  EXPECT_EQ(form->Grid.Text(1, 2), "700");
-  EXPECT_TRUE(prompter.History().empty());
-}
-
-TEST_F(OpenStudyTest, TheClassicDialogOpensAStudyToo) {
-  Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
-  EXPECT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));  // cancelled: nothing
-  platform.FileAnswers.push_back(Study("Α.sht"));
-  Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
-  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), ReadAllBytes(Study("Α.sht")));
-}
 
 TEST_F(OpenStudyTest, AMissingSisterFileIsNamedAndTheWorkspaceStaysAsItWas) {
   TypeHeader("20", "80");
@@ -292,16 +195,6 @@ TEST_F(OpenStudyTest, AFileThatIsNoStudyIsRefusedAndNothingIsTouched) {
     EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), sheets);
     EXPECT_EQ(form->Grid.Text(1, 2), "900");
   }
-}
-
-TEST_F(StudyFileTest, AnEmptyStudyFolderGivesAnEmptyList) {
-  screens.Queue([](ScriptScreen& s) {
-    auto& browser = dynamic_cast<FrmOpenSave_M&>(s);
-    EXPECT_TRUE(browser.LstStudies.Items.empty());
-    EXPECT_EQ(browser.LblNumber.Text, "");
-  });
-  boundary.Run(*form, [&] { form->CmdOpen_Click(); });
-  EXPECT_EQ(std::filesystem::file_size(folder / "Studies.std"), 0u);
 }
 
 // A save interrupted at every step of every file: each study file on disk is always either the

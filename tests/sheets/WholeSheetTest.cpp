@@ -69,10 +69,7 @@ class WholeSheet : public SheetsTest, public ::testing::WithParamInterface<Whole
     TypeHeader(c.TempDrop, c.OrigTemp);
     for (std::size_t i = 0; i < c.Rows.size(); ++i) {
       const int row = static_cast<int>(i) + 1;
-      Cell(row, 1, c.Rows[i].SomaNo);
-      Cell(row, 2, c.Rows[i].Load);
-      Cell(row, 3, c.Rows[i].Room);
-      Cell(row, 10, c.Rows[i].Model);
+      Radiator(row, c.Rows[i].SomaNo, c.Rows[i].Load, c.Rows[i].Room, c.Rows[i].Model);
     }
     prompter.Clear();
   }
@@ -97,7 +94,7 @@ TEST_P(WholeSheet, EveryCellAfterCalculate) {
   Key(KeyCode::F10);
   const std::string outcome = c.Outcome;
   if (outcome == "ok") {
-    EXPECT_TRUE(prompter.History().empty()) << Titles().front();
+    EXPECT_TRUE(prompter.History().empty()) << LastBox().OneLine();
     EXPECT_EQ(state.Calculated, -1);
     EXPECT_EQ(form->TxtLoopLoad.Text, c.LoopLoad);
     EXPECT_EQ(form->TxtFlow.Text, c.Flow);

@@ -7,10 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "CommandBoundary.h"
-#include "FakePlatform.h"
-#include "FrmRavolin.h"
-#include "ScriptedScreens.h"
+#include "MainScreen.h"
 #include "TypeFiles.h"
 
 // The pipe list and the family with sections of a program folder.
@@ -25,25 +22,15 @@ inline std::filesystem::path MakeStudyOfCopies(Workspace& ws, const std::string&
                                                const std::vector<std::string>& loads,
                                                const std::string& model) {
   {
-    StudyState state;
-    ScriptedPrompter prompter;
-    FakePlatform platform;
-    ScriptedScreens screens;
-    CommandBoundary boundary(ws, prompter, state);
-    FrmRavolin form(ws, state, prompter, platform, boundary, screens);
-    boundary.Run([&] { form.Form_Load(); });
-    for (auto [control, text] :
-         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "12"}})
-      boundary.Run([&] { form.Controls().at(control).Type(text); });
+    MainScreen screen(ws.Folder());
+    screen.Load();
+    screen.Type("TxtOwnership", "Οικία");
+    screen.Type("TxtLoopNo", "Κ1");
+    screen.Type("TxtLoopLength", "12");
     for (int row = 1; row <= static_cast<int>(loads.size()); ++row)
-      for (auto [col, text] : {std::pair{1, std::to_string(row)},
-                               {2, loads[row - 1]},
-                               {3, std::string("20")},
-                               {10, model}})
-        boundary.Run([&] { form.Grid_EditCell(row, col, text); });
-    KeyStroke f10{KeyCode::F10};
-    boundary.Run([&] { form.Form_KeyDown(f10); });
-    boundary.Run([&] { form.SaveTemporarData(); });
+      screen.Radiator(row, std::to_string(row), loads[row - 1], "20", model);
+    screen.Key(KeyCode::F10);
+    screen.Run([&] { screen.form->SaveTemporarData(); });
   }
   {
     RecordFile<SheetRecord> sheetFile(ws.PathOf("SHEETS.TMP"));

@@ -49,13 +49,4 @@ TEST_F(SystemSeparatorsTest, TypedNumbersReadWithThem) {
   EXPECT_EQ(flag, 0);
 }
 
-TEST_F(SystemSeparatorsTest, GreekCommaReadsTheGreekWay) {
-  if (decimal_ != U',') GTEST_SKIP() << "a run under a decimal comma";
-  int16_t flag = 0;
-  const Separators seps = SystemSeparators();
-  EXPECT_DOUBLE_EQ(ParseNumber("1.234,5", seps, flag), 1234.5);
-  EXPECT_EQ(ParseNumber("1,5,2", seps, flag), 0.0);
-  EXPECT_EQ(flag, 0);
-}
-
 }  // namespace

@@ -1,176 +1,145 @@
 #pragma once
-// Small screens for the driver's tests: a main screen with one control of each kind, and a
-// modal screen that can open another one.
+// Small screens of the kit for the driver's tests: a main screen with one control of each kind,
+// and a modal screen that can open another one.
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "Controls.h"
 #include "Message.h"
+#include "ScreenKit.h"
 #include "ScriptDriver.h"
 
 namespace fake {
 
-inline bool DigitsOnly(char32_t ch) {
-  return ch >= U'0' && ch <= U'9';
-}
-
-inline std::string Utf8(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
+inline Message Box(std::string title, std::vector<std::string> lines, bool asks = false) {
+  Message m;
+  m.Title = std::move(title);
+  m.Lines = std::move(lines);
+  if (asks) m.Buttons = MessageButtons::YesNo;
+  return m;
 }
 
 // A modal screen: a name box, an OK command that closes it, and a command that opens the
 // screen below it (when it has one) and goes on when that one has closed.
-class FakeChild : public ScriptScreen {
+class FakeChild : public Screen<FakeChild> {
  public:
+  static const ControlTable<FakeChild>& Table() {
+    static const ControlTable<FakeChild> table = {
+        kit::TextBox("TxtName", &FakeChild::TxtName),
+        kit::Command("CmdOK", &FakeChild::CmdOK,
+                     [](FakeChild& s) {
+                       s.Result = s.TxtName.Text;
+                       s.Close();
+                     }),
+        kit::Command("CmdOpen", &FakeChild::CmdOpen, [](FakeChild& s) {
+          s.child_->Open();
+          s.Result = "after " + s.child_->Result;
+        })};
+    return table;
+  }
   FakeChild(std::string name, ScriptDriver& driver, std::vector<std::string>& log,
             FakeChild* child = nullptr)
-      : name_(std::move(name)), driver_(driver), log_(log), child_(child) {
-    controls_["TxtName"] = TextBoxControl(TxtName, {});
-    controls_["CmdOK"] = CommandControl(CmdOK, [this] {
-      Result = TxtName.Text;
-      closed_ = true;
-    });
-    controls_["CmdOpen"] = CommandControl(CmdOpen, [this] {
-      child_->Open();
-      Result = "after " + child_->Result;
-    });
-  }
+      : Screen(std::move(name)), driver_(driver), log_(log), child_(child) {}
   void Open() {
-    closed_ = false;
+    Reopen();
     driver_.RunModal(*this);
-    log_.push_back(name_ + " returned");
+    log_.push_back(ScreenName() + " returned");
   }
-  std::string ScreenName() const override { return name_; }
-  ControlMap& Controls() override { return controls_; }
   bool KeyDown(const KeyStroke& key) override {
-    log_.push_back(name_ + " key " + KeyName(key));
-    if (key.Code == KeyCode::Escape) closed_ = true;
+    log_.push_back(ScreenName() + " key " + KeyName(key));
+    if (key.Code == KeyCode::Escape) Close();
     return true;
   }
   void CloseBox() override {
-    log_.push_back(name_ + " close box");
-    closed_ = true;
+    log_.push_back(ScreenName() + " close box");
+    Close();
   }
-  bool Closed() const override { return closed_; }
 
   Field TxtName, CmdOK{"OK"}, CmdOpen{"ΑΝΟΙΓΜΑ"};
   std::string Result;
 
  private:
-  std::string name_;
   ScriptDriver& driver_;
   std::vector<std::string>& log_;
   FakeChild* child_;
-  ControlMap controls_;
-  bool closed_ = false;
 };
 
-inline Message Warning() {
-  Message m;
-  m.Title = "... ΠΡΟΣΟΧΗ ...";
-  m.Lines = {"... ΓΡΑΜΜΗ 1 ...", "... ΓΡΑΜΜΗ 2 ..."};
-  m.Beeps = 2;
-  return m;
-}
-
-inline Message Question() {
-  Message m;
-  m.Title = "!! ΠΡΟΣΟΧΗ !!";
-  m.Lines = {"... ΣΥΝΕΧΕΙΑ ; ..."};
-  m.Buttons = MessageButtons::YesNo;
-  m.Default = Answer::Yes;
-  return m;
-}
-
-inline Message KeyBox() {
-  Message m;
-  m.Title = "F5";
-  return m;
-}
-
 // The main screen of the tests, with one control of each kind.
-class FakeMain : public ScriptScreen {
+class FakeMain : public Screen<FakeMain> {
  public:
+  static const ControlTable<FakeMain>& Table() {
+    using M = FakeMain;
+    static const ControlTable<M> table = {
+        kit::TextBox("TxtValue", &M::TxtValue,
+                     {nullptr, [](M&, char32_t ch) { return ch >= U'0' && ch <= U'9'; }, nullptr}),
+        kit::Label("LblResult", &M::LblResult),
+        kit::Command(
+            "CmdGo", &M::CmdGo,
+            [](M& s) {
+              s.prompter_.Show(Box("... ΠΡΟΣΟΧΗ ...", {"... ΓΡΑΜΜΗ 1 ...", "... ΓΡΑΜΜΗ 2 ..."}));
+            }),
+        kit::Command("CmdAsk", &M::CmdAsk,
+                     [](M& s) {
+                       const Message question = Box("!! ΠΡΟΣΟΧΗ !!", {"... ΣΥΝΕΧΕΙΑ ; ..."}, true);
+                       s.LblResult.Text = AnswerText(s.prompter_.Show(question));
+                     }),
+        kit::Command("CmdOpen", &M::CmdOpen,
+                     [](M& s) {
+                       s.child_.Open();
+                       s.LblResult.Text = "after child: " + s.child_.Result;
+                     }),
+        kit::Command("CmdFile", &M::CmdFile,
+                     [](M& s) {
+                       const auto file = s.driver_.TakeFileAnswer();
+                       const std::u8string text = file ? file->u8string() : u8"cancel";
+                       s.LblResult.Text = std::string(text.begin(), text.end());
+                     }),
+        kit::Command("CmdOff", &M::CmdOff, [](M& s) { s.log_.push_back("off pressed"); }),
+        kit::Command("CmdGone", &M::CmdGone, [](M& s) { s.log_.push_back("gone pressed"); }),
+        kit::Command("CmdBoom", &M::CmdBoom, [](M&) { throw std::runtime_error("boom"); }),
+        kit::Command("CmdOdd", &M::CmdBoom, [](M&) { throw 42; }),
+        kit::Check("ChkSave", &M::ChkSave),
+        kit::Combo("CboPipes", &M::CboPipes, [](M& s) { s.log_.push_back("pipes clicked"); }),
+        kit::List("LstFiles", &M::LstFiles),
+        kit::List("LstEmpty", &M::LstEmpty),
+        kit::Grid("Grid", &M::Grid,
+                  {[](M& s, int r, int c, const std::string& t) {
+                     s.Grid.SetActiveCell(r, c);
+                     s.Grid.SetText(r, c, t);
+                     s.log_.push_back("edit " + std::to_string(r) + " " + std::to_string(c));
+                   },
+                   [](M& s, int r, int c) { s.Grid.SetActiveCell(r, c); },
+                   [](M& s, CellBlock b) { s.Grid.SetBlock(b); }})};
+    return table;
+  }
   FakeMain(Prompter& prompter, ScriptDriver& driver, FakeChild& child,
            std::vector<std::string>& log)
-      : prompter_(prompter), driver_(driver), child_(child), log_(log) {
+      : Screen("FrmFake"), prompter_(prompter), driver_(driver), child_(child), log_(log) {
     CmdOff.Enabled = false;
     CmdGone.Visible = false;
-    controls_["TxtValue"] = TextBoxControl(TxtValue, {nullptr, DigitsOnly, nullptr});
-    controls_["TxtThema"] = TextBoxControl(TxtThema, {});
-    controls_["LblResult"] = LabelControl(LblResult);
-    AddCommands();
-    controls_["CboPipes"] = ComboControl(CboPipes, [this] { log_.push_back("pipes clicked"); });
-    AddListsAndGrid();
+    LstFiles.SetItems({"a.sht", "b.sht", "c.sht"});
   }
-  std::string ScreenName() const override { return "FrmFake"; }
-  ControlMap& Controls() override { return controls_; }
   bool KeyDown(const KeyStroke& key) override {
     log_.push_back("key " + KeyName(key));
-    if (key.Code == KeyCode::F5) prompter_.Show(KeyBox());
+    if (key.Code == KeyCode::F5) prompter_.Show(Box("F5", {}));
     return true;
   }
   void CloseBox() override { log_.push_back("FrmFake close box"); }
-  bool Closed() const override { return false; }
 
-  Field TxtValue{"85"}, TxtThema{"ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ"}, LblResult;
+  Field TxtValue{"85"}, LblResult;
   Field CmdGo{"ΥΠΟΛΟΓΙΣΜΟΣ"}, CmdAsk, CmdOpen, CmdFile, CmdOff, CmdGone, CmdBoom;
+  CheckBox ChkSave;
   ComboBox CboPipes{{"Φ14x1", "Φ16x1", "Φ18x1"}, 1};
-  std::vector<std::string> Files{"a.sht", "b.sht", "c.sht"}, Selected;
-  bool Save = false;
+  ListBox LstFiles, LstEmpty;
   TextGrid Grid{3, 4};
 
  private:
-  void AddCommands() {
-    controls_["CmdGo"] = CommandControl(CmdGo, [this] { prompter_.Show(Warning()); });
-    controls_["CmdAsk"] =
-        CommandControl(CmdAsk, [this] { LblResult.Text = AnswerText(prompter_.Show(Question())); });
-    controls_["CmdOpen"] = CommandControl(CmdOpen, [this] {
-      child_.Open();
-      LblResult.Text = "after child: " + child_.Result;
-    });
-    controls_["CmdFile"] = CommandControl(CmdFile, [this] {
-      const auto file = driver_.TakeFileAnswer();
-      LblResult.Text = file ? Utf8(*file) : "cancel";
-    });
-    controls_["CmdOff"] = CommandControl(CmdOff, [this] { log_.push_back("off pressed"); });
-    controls_["CmdGone"] = CommandControl(CmdGone, [this] { log_.push_back("gone pressed"); });
-    controls_["CmdBoom"] = CommandControl(CmdBoom, [] { throw std::runtime_error("boom"); });
-    controls_["CmdOdd"] = CommandControl(CmdBoom, [] { throw 42; });
-    Control check;
-    check.Press = [this] { Save = !Save; };
-    check.Checked = [this] { return Save; };
-    controls_["ChkSave"] = check;
-  }
-  void AddListsAndGrid() {
-    Control files;
-    files.Entries = [this] { return Files; };
-    files.Select = [this](const std::vector<std::string>& s) { Selected = s; };
-    controls_["LstFiles"] = files;
-    Control empty;
-    empty.Entries = [] { return std::vector<std::string>{}; };
-    controls_["LstEmpty"] = empty;
-    Control grid;
-    grid.Grid = &Grid;
-    grid.EditCell = [this](int r, int c, const std::string& t) {
-      Grid.SetActiveCell(r, c);
-      Grid.SetText(r, c, t);
-      log_.push_back("edit " + std::to_string(r) + " " + std::to_string(c));
-    };
-    grid.ClickCell = [this](int r, int c) { Grid.SetActiveCell(r, c); };
-    grid.MarkBlock = [this](CellBlock b) { Grid.SetBlock(b); };
-    controls_["Grid"] = grid;
-  }
-
   Prompter& prompter_;
   ScriptDriver& driver_;
   FakeChild& child_;
   std::vector<std::string>& log_;
-  ControlMap controls_;
 };
 
 }  // namespace fake

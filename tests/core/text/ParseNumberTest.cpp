@@ -1,6 +1,7 @@
 // Typed text to number: ParseNumber and the readings it is built on.
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 
 #include "Numbers.h"
@@ -10,95 +11,38 @@ namespace {
 const Separators kGreek{U',', U'.'};
 const Separators kEnglish{U'.', U','};
 
-struct ParseCase {
-  std::string Text;
-  double Expected;
-  int16_t FlagAfter;  // ErrorFlag after the call when it was 0 before
-};
-
-void PrintTo(const ParseCase& c, std::ostream* os) {
-  *os << '"' << c.Text << '"';
+// A mixed text ("12.5kg") is read by the leading-number rule, where "." is the point.
+TEST(ParseNumber, ReadsAsTheSheetsExpect) {
+  const std::pair<const char*, double> greek[] = {
+      {"1.234,5", 1234.5}, {"1,5,2", 0},    {"1,5,2,7", 0},   {"12a", 12},     {"a12", 0},
+      {"-5", -5},          {"-", 0},        {",", 0},         {"----", -1202}, {"   ", 0},
+      {"1.2.3,5", 123.5},  {" 2,5 ", 2.5},  {",5", 0.5},      {"5-", -5},      {"1-2", 0},
+      {"--5", 0},          {"1.000", 1000}, {"12.5kg", 12.5}, {"2,5 m", 2},    {"1 000", 1000},
+      {"&H1F", 31},        {"Φ16", 0},      {"16Φ", 16},      {"1e3", 1000}};
+  const std::pair<const char*, double> english[] = {
+      {"1,234.5", 1234.5}, {"1.5.2", 0},      {".", 0},         {"1,2,3.5", 123.5}, {"1,5,2", 152},
+      {".5", 0.5},         {"-1,091", -1091}, {"12.5kg", 12.5}, {"----", -1202}};
+  for (const auto& [cases, seps] :
+       {std::pair{std::span<const std::pair<const char*, double>>(greek), kGreek},
+        {std::span<const std::pair<const char*, double>>(english), kEnglish}}) {
+    for (const auto& [text, expected] : cases) {
+      int16_t flag = 0;
+      EXPECT_DOUBLE_EQ(ParseNumber(text, seps, flag), expected) << '"' << text << '"';
+      EXPECT_EQ(flag, 0);
+    }
+  }
 }
 
-class ParseGreek : public ::testing::TestWithParam<ParseCase> {};
-class ParseEnglish : public ::testing::TestWithParam<ParseCase> {};
-
-TEST_P(ParseGreek, ReadsAsTheSheetsExpect) {
-  int16_t flag = 0;
-  EXPECT_DOUBLE_EQ(ParseNumber(GetParam().Text, kGreek, flag), GetParam().Expected);
-  EXPECT_EQ(flag, GetParam().FlagAfter);
-}
-
-TEST_P(ParseEnglish, ReadsAsTheSheetsExpect) {
-  int16_t flag = 0;
-  EXPECT_DOUBLE_EQ(ParseNumber(GetParam().Text, kEnglish, flag), GetParam().Expected);
-  EXPECT_EQ(flag, GetParam().FlagAfter);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, ParseGreek,
-    ::testing::Values(ParseCase{"1.234,5", 1234.5, 0}, ParseCase{"1,5,2", 0, 0},
-                      ParseCase{"1,5,2,7", 0, 0}, ParseCase{"12a", 12, 0}, ParseCase{"a12", 0, 0},
-                      ParseCase{"abc", 0, 0}, ParseCase{"-5", -5, 0}, ParseCase{"-", 0, 0},
-                      ParseCase{",", 0, 0}, ParseCase{"----", -1202, 0}, ParseCase{"", 0, 0},
-                      ParseCase{"   ", 0, 0}, ParseCase{"1.2.3,5", 123.5, 0},
-                      ParseCase{"2,5", 2.5, 0}, ParseCase{" 2,5 ", 2.5, 0}, ParseCase{",5", 0.5, 0},
-                      ParseCase{"5-", -5, 0}, ParseCase{"1-2", 0, 0}, ParseCase{"--5", 0, 0},
-                      ParseCase{"85", 85, 0}, ParseCase{"1.000", 1000, 0},
-                      // A mixed text is read by the leading-number rule: "." is its point.
-                      ParseCase{"12.5kg", 12.5, 0}, ParseCase{"2,5 m", 2, 0},
-                      ParseCase{"1 000", 1000, 0}, ParseCase{"&H1F", 31, 0}, ParseCase{"Φ16", 0, 0},
-                      ParseCase{"16Φ", 16, 0}, ParseCase{"1e3", 1000, 0}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, ParseEnglish,
-    ::testing::Values(ParseCase{"1,234.5", 1234.5, 0}, ParseCase{"1.5.2", 0, 0},
-                      ParseCase{"12a", 12, 0}, ParseCase{"a12", 0, 0}, ParseCase{"abc", 0, 0},
-                      ParseCase{"-5", -5, 0}, ParseCase{"-", 0, 0}, ParseCase{".", 0, 0},
-                      ParseCase{"----", -1202, 0}, ParseCase{"", 0, 0}, ParseCase{"   ", 0, 0},
-                      ParseCase{"1,2,3.5", 123.5, 0}, ParseCase{"2.5", 2.5, 0},
-                      ParseCase{"1,5,2", 152, 0}, ParseCase{".5", 0.5, 0},
-                      ParseCase{"-1,091", -1091, 0}, ParseCase{"12.5kg", 12.5, 0}));
-
-TEST(ParseNumber, TwoDecimalSeparatorsLeaveTheFlagAtZero) {
-  int16_t flag = -1;
-  EXPECT_EQ(ParseNumber("1,5,2", kGreek, flag), 0.0);
-  EXPECT_EQ(flag, 0);
-}
-
-TEST(ParseNumber, OneDecimalSeparatorLeavesTheFlagAlone) {
+// Two decimal separators leave the flag at 0; one leaves it alone; a flag above 1 left by
+// another check gives 0 and is reset too.
+TEST(ParseNumber, TheErrorFlag) {
   int16_t flag = -1;
   EXPECT_EQ(ParseNumber("1,5", kGreek, flag), 1.5);
   EXPECT_EQ(flag, -1);
-}
-
-// The first step looks at the flag after counting, whatever set it: a flag above 1 left by
-// another check gives 0 and is reset too.
-TEST(ParseNumber, AFlagAboveOneBeforeTheCallGivesZero) {
-  int16_t flag = 3;
+  EXPECT_EQ(ParseNumber("1,5,2", kGreek, flag), 0.0);
+  EXPECT_EQ(flag, 0);
+  flag = 3;
   EXPECT_EQ(ParseNumber("42", kGreek, flag), 0.0);
-  EXPECT_EQ(flag, 0);
-}
-
-TEST(ParseNumber, LongTextsNeverFail) {
-  int16_t flag = 0;
-  EXPECT_EQ(ParseNumber(std::string(10000, '9'), kGreek, flag), 0.0);
-  EXPECT_EQ(ParseNumber(std::string(10000, ','), kGreek, flag), 0.0);
-  EXPECT_EQ(flag, 0);
-  EXPECT_EQ(ParseNumber(std::string(10000, '.'), kGreek, flag), 0.0);
-  EXPECT_EQ(ParseNumber(std::string(10000, '-'), kGreek, flag), 0.0);
-  EXPECT_EQ(ParseNumber("7" + std::string(9999, 'x'), kGreek, flag), 7.0);
-  EXPECT_EQ(ParseNumber(std::string(9999, 'x') + "7", kGreek, flag), 0.0);
-  EXPECT_EQ(ParseNumber("1" + std::string(9999, '0'), kEnglish, flag), 0.0);
-  std::string noise;
-  for (int i = 0; i < 10000; ++i) noise.push_back(static_cast<char>((i * 37) % 256));
-  EXPECT_NO_THROW(ParseNumber(noise, kGreek, flag));
-  EXPECT_DOUBLE_EQ(ParseNumber("0," + std::string(9998, '5'), kGreek, flag), 5.0 / 9);
-}
-
-TEST(CountDecimalSeparators, SetsTheFlagOnlyFromTwo) {
-  int16_t flag = 0;
-  EXPECT_EQ(CountDecimalSeparators("1,5", kGreek, flag), 1);
   EXPECT_EQ(flag, 0);
   EXPECT_EQ(CountDecimalSeparators("1,5,2,", kGreek, flag), 3);
   EXPECT_EQ(flag, 3);
@@ -106,76 +50,51 @@ TEST(CountDecimalSeparators, SetsTheFlagOnlyFromTwo) {
   EXPECT_EQ(flag, 32767);
 }
 
-TEST(StripThousands, RemovesEverySeparator) {
-  EXPECT_EQ(StripThousands("1.234.567,5", kGreek), "1234567,5");
-  EXPECT_EQ(StripThousands("1,234,567.5", kEnglish), "1234567.5");
-  EXPECT_EQ(StripThousands("Φ16,5", kEnglish), "Φ165");
-  const Separators narrowSpace{U',', 0x202F};
-  EXPECT_EQ(StripThousands("2\u202F500,0", narrowSpace), "2500,0");
+TEST(ParseNumber, LongTextsNeverFail) {
+  int16_t flag = 0;
+  EXPECT_EQ(ParseNumber(std::string(10000, '9'), kGreek, flag), 0.0);
+  EXPECT_EQ(ParseNumber(std::string(10000, '-'), kGreek, flag), 0.0);
+  EXPECT_EQ(ParseNumber("7" + std::string(9999, 'x'), kGreek, flag), 7.0);
+  EXPECT_EQ(ParseNumber("1" + std::string(9999, '0'), kEnglish, flag), 0.0);
+  std::string noise;
+  for (int i = 0; i < 10000; ++i) noise.push_back(static_cast<char>((i * 37) % 256));
+  EXPECT_NO_THROW(ParseNumber(noise, kGreek, flag));
+  EXPECT_DOUBLE_EQ(ParseNumber("0," + std::string(9998, '5'), kGreek, flag), 5.0 / 9);
 }
 
-TEST(SeparatorsFromSample, ReadsCharactersTwoAndSix) {
+TEST(ParseNumber, SeparatorsStrippedAndFoundFromASample) {
+  EXPECT_EQ(StripThousands("1.234.567,5", kGreek), "1234567,5");
+  EXPECT_EQ(StripThousands("Φ16,5", kEnglish), "Φ165");
+  EXPECT_EQ(StripThousands("2\u202F500,0", Separators{U',', 0x202F}), "2500,0");
   const Separators greek = SeparatorsFromSample(U"2.500,0");
   EXPECT_EQ(greek.Decimal, U',');
   EXPECT_EQ(greek.Thousands, U'.');
-  const Separators english = SeparatorsFromSample(U"2,500.0");
-  EXPECT_EQ(english.Decimal, U'.');
-  EXPECT_EQ(english.Thousands, U',');
-  const Separators french = SeparatorsFromSample(U"2\u202F500,0");
-  EXPECT_EQ(french.Thousands, char32_t{0x202F});
+  EXPECT_EQ(SeparatorsFromSample(U"2\u202F500,0").Thousands, char32_t{0x202F});
   EXPECT_EQ(SeparatorsFromSample(U"2,5").Decimal, U'.');
   EXPECT_EQ(SeparatorsFromSample(U"2500,0").Thousands, U',');
 }
 
-struct ValCase {
-  std::string Text;
-  double Expected;
-};
-
-class ValReading : public ::testing::TestWithParam<ValCase> {};
-
-TEST_P(ValReading, ReadsTheLeadingNumber) {
-  EXPECT_DOUBLE_EQ(Val(GetParam().Text), GetParam().Expected);
+TEST(ParseNumber, ValReadsTheLeadingNumber) {
+  const std::pair<const char*, double> cases[] = {
+      {"12abc", 12},  {" 1 2 ", 12},  {"1,5", 1},         {"+3", 3},          {".5", 0.5},
+      {"1.2.3", 1.2}, {"1D-2", 0.01}, {"1e", 1},          {"2e+", 2},         {"\t4\n5", 45},
+      {"&o17", 15},   {"&HFFFF", -1}, {"&H10000", 65536}, {"&HFFFFFFFF", -1}, {"&H1FFFFFFFF", 0},
+      {"&X1", 0},     {"--5", 0},     {"1e400", 0}};
+  for (const auto& [text, value] : cases) EXPECT_DOUBLE_EQ(Val(text), value) << '"' << text << '"';
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, ValReading,
-    ::testing::Values(ValCase{"12abc", 12}, ValCase{"a12", 0}, ValCase{" 1 2 ", 12},
-                      ValCase{"-", 0}, ValCase{"", 0}, ValCase{"1,5", 1}, ValCase{"-2.5", -2.5},
-                      ValCase{"+3", 3}, ValCase{".5", 0.5}, ValCase{"1.2.3", 1.2},
-                      ValCase{"1e3", 1000}, ValCase{"1D-2", 0.01}, ValCase{"1e", 1},
-                      ValCase{"2e+", 2}, ValCase{"\t4\n5", 45}, ValCase{"&H1F", 31},
-                      ValCase{"&o17", 15}, ValCase{"&HFFFF", -1}, ValCase{"&H10000", 65536},
-                      ValCase{"&HFFFFFFFF", -1}, ValCase{"&H1FFFFFFFF", 0}, ValCase{"&X1", 0},
-                      ValCase{"--5", 0}, ValCase{"1e400", 0}));
-
-struct RegionalCase {
-  std::string Text;
-  bool Ok;
-  double Expected;
-};
-
-class RegionalGreek : public ::testing::TestWithParam<RegionalCase> {};
-
-TEST_P(RegionalGreek, ConvertsUnderTheGreekSeparators) {
-  double value = -99;
-  EXPECT_EQ(RegionalToDouble(GetParam().Text, kGreek, value), GetParam().Ok);
-  if (GetParam().Ok) {
-    EXPECT_DOUBLE_EQ(value, GetParam().Expected);
+TEST(ParseNumber, RegionalConversionUnderTheGreekSeparators) {
+  const std::pair<const char*, double> good[] = {{" 1.234,5 ", 1234.5}, {"2,5-", -2.5}, {"7+", 7},
+                                                 {"1,5E3", 1500},       {"1e-2", 0.01}, {"5,", 5}};
+  for (const auto& [text, expected] : good) {
+    double value = -99;
+    EXPECT_TRUE(RegionalToDouble(text, kGreek, value)) << text;
+    EXPECT_DOUBLE_EQ(value, expected) << text;
+  }
+  for (const char* text : {"-", ",", ".", "", "-5-", "1,5,2", "1 2", "12a", "1e", "1e400"}) {
+    double value = -99;
+    EXPECT_FALSE(RegionalToDouble(text, kGreek, value)) << '"' << text << '"';
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, RegionalGreek,
-    ::testing::Values(RegionalCase{"1.2.3,5", true, 123.5}, RegionalCase{" 1.234,5 ", true, 1234.5},
-                      RegionalCase{"-2,5", true, -2.5}, RegionalCase{"2,5-", true, -2.5},
-                      RegionalCase{"+7", true, 7}, RegionalCase{"7+", true, 7},
-                      RegionalCase{"1,5E3", true, 1500}, RegionalCase{"1e-2", true, 0.01},
-                      RegionalCase{",5", true, 0.5}, RegionalCase{"5,", true, 5},
-                      RegionalCase{"-", false, 0}, RegionalCase{",", false, 0},
-                      RegionalCase{".", false, 0}, RegionalCase{"", false, 0},
-                      RegionalCase{"-5-", false, 0}, RegionalCase{"1,5,2", false, 0},
-                      RegionalCase{"1 2", false, 0}, RegionalCase{"12a", false, 0},
-                      RegionalCase{"1e", false, 0}, RegionalCase{"1e400", false, 0}));
 
 }  // namespace
