@@ -39,19 +39,6 @@ class GridTypingTest : public ViewTest {
     for (const char* c = text; *c; ++c)
       QTest::keyClicks(QApplication::focusWidget(), QString(QLatin1Char(*c)));
   }
-  void Row(int row, const char* load) {
-    for (const auto& [col, text] : {std::pair{1, std::to_string(row)},
-                                    {2, std::string(load)},
-                                    {3, std::string("20")},
-                                    {10, std::string("II/905")}})
-      logic.Grid.SetText(row, col, text);
-    view.Kit().Render();
-  }
-  void Header() {
-    for (auto [name, text] :
-         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "10"}})
-      logic.Controls().at(name).Type(text);
-  }
   std::string Shown(int row, int col) {
     return Grid()->model()->index(row - 1, col - 1).data().toString().toStdString();
   }

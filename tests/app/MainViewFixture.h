@@ -31,6 +31,22 @@ class ViewTest : public ::testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
     view.Kit().ApplyFocus();
   }
+  // A radiator in a row: its name is the row's number, 20°C, the first section model.
+  void Row(int row, const char* load) {
+    for (const auto& [col, text] : {std::pair{1, std::to_string(row)},
+                                    {2, std::string(load)},
+                                    {3, std::string("20")},
+                                    {10, std::string("II/905")}})
+      logic.Grid.SetText(row, col, text);
+    view.Kit().Render();
+  }
+  // The header fields a calculation needs.
+  void Header() {
+    for (auto [name, text] :
+         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "10"}})
+      logic.Controls().at(name).Type(text);
+  }
+
   TempFolder folder;
   Workspace ws;
   StudyState state;
