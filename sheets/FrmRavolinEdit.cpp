@@ -38,10 +38,15 @@ void FrmRavolin::Grid_MarkBlock(CellBlock block) {
   Caption.Text = kBlockCaption;
 }
 
-// A cell typed into: entered first (as the click the typing needs), then changed.
+// A cell typed into: entered first (as the click the typing needs), then changed. The values
+// to compare with are taken when the edit begins as well as when the cell is entered: the cell
+// still holds what it held then.
 void FrmRavolin::Grid_EditCell(int row, int col, const std::string& text) {
   if (Grid.Locked(row, col)) return;
-  if (Grid.ActiveRow() != row || Grid.ActiveCol() != col) Grid_Click(row, col);
+  if (Grid.ActiveRow() != row || Grid.ActiveCol() != col)
+    Grid_Click(row, col);
+  else
+    TakeOldCellValues(row, col);
   std::u32string typed = Utf8ToU32(text);
   if (col == 1 && typed.size() > kSomaNoLength) typed.resize(kSomaNoLength);
   Grid.SetText(row, col, U32ToUtf8(typed));
