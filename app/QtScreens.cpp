@@ -13,6 +13,7 @@ void QtScreens::ShowModal(ScriptScreen& screen) {
   const auto view = views_.Make(screen, *boundary_, over ? over : parent_);
   auto* dialog = qobject_cast<QDialog*>(view.get());
   if (!dialog) throw RuntimeFault(FaultCode::Internal, screen.ScreenName() + " is not a dialog");
+  ViewKit::RenderAll();  // the screens under the dialog show what the command did before it
   dialog->exec();
 }
 

@@ -1,5 +1,7 @@
 #include "QtPrompter.h"
 
+#include "ScreenView.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -23,6 +25,8 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 }  // namespace
 
 Answer QtPrompter::Show(const Message& message) {
+  // The screens under the box show what the command has done so far.
+  ViewKit::RenderAll();
   for (int i = 0; i < message.Beeps; ++i) QApplication::beep();
   QStringList lines;
   for (const auto& line : message.Lines) lines << QString::fromStdString(line);

@@ -57,6 +57,9 @@ class ViewKit : public QObject {
   // Set while the widgets are being rendered: their signals then are not the user's.
   bool Rendering() const { return rendering_; }
   void SetAfterRun(std::function<void()> afterRun) { afterRun_ = std::move(afterRun); }
+  // Every screen shown, from the logic's state: before a box or a dialog stands over them, they
+  // show what the command has done so far.
+  static void RenderAll();
   ScriptScreen& Logic() { return logic_; }
 
  protected:
@@ -70,7 +73,6 @@ class ViewKit : public QObject {
   void ShowWhatTheCommandLeft();
   // Every screen shown, the main one first: a dialog's command changes the screens under it.
   static std::vector<ViewKit*>& Shown();
-  static void RenderAll();
 
   QWidget& view_;
   ScriptScreen& logic_;

@@ -181,15 +181,41 @@ TEST_F(GridTypingTest, TheAddingDialogsRowsShowOnTheMainScreenWhileItIsOpen) {
   EXPECT_TRUE(below);
 }
 
-// A command started by a key while a cell editor is open raises a box; Enter on the box ends
-// it, and the grid goes on taking keys.
-TEST(GridMessageBoxTest, EnterOnABoxRaisedFromTheKeyboardReachesOnlyLiveWidgets) {
+// The main screen with real message boxes, each answered with Enter.
+class BoxesTest : public ::testing::Test {
+ protected:
+  BoxesTest() : ws(folder.Path()) {
+    WriteAllBytes(folder / "RavoPipes.txt",
+                  "\xD6"
+                  "16x1\r\n");
+    WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
+    screens.Attach(boundary, &view);
+    prompter.SetParent(&view);
+    logic.Form_Load();
+    view.Kit().Render();
+    view.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+    for (auto [name, text] :
+         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "10"}})
+      logic.Controls().at(name).Type(text);
+  }
+  // Presses the key on the focused widget and answers every box it raises with Enter.
+  void KeyAnsweringBoxes(Qt::Key key) {
+    answer = [this] {
+      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        ++boxes;
+        QTest::keyClick(box, Qt::Key_Return);
+      }
+      if (waiting) QTimer::singleShot(10, answer);
+    };
+    waiting = true;
+    QTimer::singleShot(0, answer);
+    QTest::keyClick(QApplication::focusWidget(), key);
+    waiting = false;
+    QTest::qWait(30);
+  }
   TempFolder folder;
-  WriteAllBytes(folder / "RavoPipes.txt",
-                "\xD6"
-                "16x1\r\n");
-  WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
-  Workspace ws(folder.Path());
+  Workspace ws;
   StudyState state;
   QtPrompter prompter;
   FakePlatform platform;
@@ -198,36 +224,24 @@ TEST(GridMessageBoxTest, EnterOnABoxRaisedFromTheKeyboardReachesOnlyLiveWidgets)
   QtScreens screens{views};
   FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
   FrmRavolinView view{logic, boundary};
-  screens.Attach(boundary, &view);
-  prompter.SetParent(&view);
-  logic.Form_Load();
-  view.Kit().Render();
-  view.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+  GridView* grid = view.Kit().Widget<GridView>("Grid");
+  std::function<void()> answer;
+  bool waiting = false;
+  int boxes = 0;
+};
+
+// A command started by a key while a cell editor is open raises a box; Enter on the box ends
+// it, and the grid goes on taking keys.
+TEST_F(BoxesTest, EnterOnABoxRaisedFromTheKeyboardReachesOnlyLiveWidgets) {
   for (const auto& [col, text] :
        {std::pair{1, "1"}, {2, "99999999999999"}, {3, "20"}, {10, "II/905"}})
     logic.Grid.SetText(1, col, text);
-  for (auto [name, text] :
-       {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "10"}})
-    logic.Controls().at(name).Type(text);
   view.Kit().Render();
-  auto* grid = view.Kit().Widget<GridView>("Grid");
   grid->setFocus();
   grid->setCurrentIndex(grid->model()->index(2, 1));
   grid->edit(grid->currentIndex());
   ASSERT_NE(grid->OpenEditor(), nullptr);
-  int boxes = 0;
-  std::function<void()> answer = [&] {
-    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-      ++boxes;
-      QTest::keyClick(box, Qt::Key_Return);
-      return;
-    }
-    QTimer::singleShot(10, answer);
-  };
-  QTimer::singleShot(0, answer);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10);
-  QTest::qWait(50);
+  KeyAnsweringBoxes(Qt::Key_F10);
   EXPECT_EQ(boxes, 1);
   EXPECT_EQ(grid->OpenEditor(), nullptr);
   EXPECT_EQ(logic.Grid.Text(1, 11), "");

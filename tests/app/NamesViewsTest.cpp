@@ -2,11 +2,14 @@
 // logic's state and every click reaches its handler.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include "FilteredLineEdit.h"
 
 #include <QLabel>
@@ -19,6 +22,7 @@
 #include "FrmCLPassView.h"
 #include "FrmCLientView.h"
 #include "FrmRavolinView.h"
+#include "QtPrompter.h"
 #include "QtScreens.h"
 #include "ScriptedScreens.h"
 #include "TempFolder.h"
@@ -85,6 +89,31 @@ TEST_F(NamesViewTest, ANewNameIsTypedCountedAndAddedThroughTheLogic) {
   EXPECT_FALSE(view.isVisible());
   EXPECT_EQ(state.CurrentEngineer, "Γ. Γεωργίου");
   EXPECT_EQ(ReadClients(ws).Names.back(), "Γ. Γεωργίου");
+}
+
+// The question that follows the adding of a name stands over the list that already holds it.
+TEST_F(NamesViewTest, TheListBehindABoxShowsWhatTheCommandDidSoFar) {
+  QtPrompter boxes;
+  CommandBoundary realBoxes{ws, boxes, state};
+  FrmCLient list{ws, state, boxes, screens};
+  list.Form_Load();
+  FrmCLientView view(list, realBoxes);
+  view.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+  QTest::mouseClick(view.Kit().Widget<QPushButton>("Cmd_New"), Qt::LeftButton);
+  TypeText(view.Kit().Widget<QLineEdit>("Txt_Client"), QStringLiteral("Γ. Γεωργίου"));
+  std::vector<int> shownNames;
+  std::function<void()> answer = [&] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      shownNames.push_back(view.Kit().Widget<QListWidget>("Lst_Names")->count());
+      QTest::keyClick(box, Qt::Key_Return);  // yes: add it, and choose it
+    }
+    if (!list.Closed()) QTimer::singleShot(10, answer);
+  };
+  QTimer::singleShot(0, answer);
+  QTest::mouseClick(view.Kit().Widget<QPushButton>("Cmd_OK"), Qt::LeftButton);
+  EXPECT_EQ(shownNames, (std::vector<int>{2, 3}));
+  EXPECT_EQ(state.CurrentEngineer, "Γ. Γεωργίου");
 }
 
 TEST_F(NamesViewTest, AClickOnANameHighlightsItInTheLogicAndTheCloseBoxWritesDeletions) {
