@@ -16,10 +16,13 @@
 #include <thread>
 #include <utility>
 
+#include "DiskSteps.h"
 #include "FileNames.h"
 #include "RuntimeFault.h"
 
 namespace fs = std::filesystem;
+
+using namespace disk;
 
 namespace {
 
@@ -30,9 +33,6 @@ constexpr std::chrono::milliseconds kPauseSlice{10};
 // No wait of the system is meant to last longer than this; a bigger one is a slip of a caller.
 constexpr double kLongestWaitMs = 3'600'000.0;
 constexpr const char* kSeededList = ".seeded";
-// The second file of a rewrite sits beside the file it replaces, so that the rename stays on the
-// same file system and is atomic.
-constexpr const char* kSecondFileSuffix = ".@@@";
 
 std::function<void()>& EventPump() {
   static std::function<void()> pump;
@@ -42,42 +42,6 @@ std::function<void()>& EventPump() {
 int& PauseNesting() {
   static int depth = 0;
   return depth;
-}
-
-fs::path FromUtf8(std::string_view name) {
-  return fs::path(std::u8string(name.begin(), name.end()));
-}
-
-std::string ToUtf8(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
-}
-
-std::string NameOf(const fs::path& path) {
-  return ToUtf8(path.filename());
-}
-
-// The old run-time's error number for a failure of the file system.
-FaultCode FaultOf(const std::error_code& ec, FaultCode whenMissing) {
-  if (ec == std::errc::no_such_file_or_directory) return whenMissing;
-  if (ec == std::errc::permission_denied || ec == std::errc::operation_not_permitted ||
-      ec == std::errc::read_only_file_system) {
-    return FaultCode::PermissionDenied;
-  }
-  if (ec == std::errc::no_space_on_device) return FaultCode::DiskFull;
-  if (ec == std::errc::io_error) return FaultCode::DeviceIo;
-  return FaultCode::PathFileAccess;
-}
-
-// Something stands at the path (a dangling link counts: a copy must not write through it).
-bool PathPresent(const fs::path& path) {
-  std::error_code ec;
-  return fs::exists(fs::symlink_status(path, ec));
-}
-
-bool IsFile(const fs::path& path) {
-  std::error_code ec;
-  return fs::is_regular_file(path, ec);
 }
 
 int PauseFromEnvironment() {
@@ -113,81 +77,6 @@ void MakeFolder(const fs::path& folder) {
   if (fs::is_directory(folder, statusError)) return;
   if (!ec) ec = std::make_error_code(std::errc::not_a_directory);
   throw RuntimeFault(FaultOf(ec, FaultCode::PathNotFound), "Φάκελος " + ToUtf8(folder));
-}
-
-// Flushes a file's bytes to the disk.
-void SyncFile(const fs::path& file) {
-  const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) throw RuntimeFault(FaultCode::DeviceIo, NameOf(file));
-  const int result = ::fsync(fd);
-  ::close(fd);
-  if (result != 0) throw RuntimeFault(FaultCode::DeviceIo, NameOf(file));
-}
-
-// Flushes a folder's entries (a rename just done in it). A folder that refuses is left as it
-// is: the rename has happened and only its durability across a power cut is at stake.
-void SyncFolder(const fs::path& folder) {
-  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
-  ::fsync(fd);
-  ::close(fd);
-}
-
-fs::path SecondFileOf(const fs::path& file) {
-  fs::path second = file;
-  second += kSecondFileSuffix;
-  return second;
-}
-
-// Puts the second file in the place of `file`, flushed to the disk first.
-std::function<void(int)>& RewriteStepHook() {
-  static std::function<void(int)> hook;
-  return hook;
-}
-
-std::error_code& InjectedFailure() {
-  static std::error_code failure;
-  return failure;
-}
-
-// The failure a test asked for, once.
-std::error_code TakeInjectedFailure() {
-  return std::exchange(InjectedFailure(), std::error_code());
-}
-
-void RewriteStep(int step) {
-  if (RewriteStepHook()) RewriteStepHook()(step);
-}
-
-void ReplaceWithSecondFile(const fs::path& second, const fs::path& file) {
-  RewriteStep(1);
-  SyncFile(second);
-  RewriteStep(2);
-  std::error_code ec;
-  fs::rename(second, file, ec);
-  if (ec) {
-    std::error_code ignored;
-    fs::remove(second, ignored);
-    throw RuntimeFault(FaultOf(ec, FaultCode::PathNotFound), NameOf(file));
-  }
-  SyncFolder(file.parent_path());
-  RewriteStep(3);
-}
-
-// Writes `bytes` as the whole content of `file`, through a second file and a rename.
-void WriteThroughSecondFile(const fs::path& file, const std::string& bytes) {
-  const fs::path second = SecondFileOf(file);
-  {
-    std::ofstream out(second, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    if (!out) {
-      std::error_code ignored;
-      fs::remove(second, ignored);
-      throw RuntimeFault(FaultCode::DeviceIo, NameOf(file));
-    }
-  }
-  ReplaceWithSecondFile(second, file);
 }
 
 // What a file holds now, or nullopt when there is none.

@@ -71,6 +71,25 @@ class Workspace : public FileJournal {
   void CopySafely(std::string_view from, std::string_view to);
   // Called at each step of a rewrite through a second file (1 written, 2 flushed, 3 renamed):
   // a test stops a process there to prove that a crash never leaves half a file.
+  // Copies each file to its target as one step: a crash at any instant leaves all the old
+  // targets or all the new ones, once CompleteFileSets has looked at their folder. The targets
+  // share one folder.
+  void CopyAsOneSet(const std::vector<std::pair<std::string, std::string>>& copies);
+  // Puts in place a set whose new files were all made, throws away one whose were not, and
+  // removes what a rewrite that never ended left in `folder`.
+  void CompleteFileSets(std::string_view folder);
+
+  // The steps that change the disk, as the rewrite hook hears of them.
+  enum RewriteStepKind : int {
+    kSecondFileWritten = 1,  // a rewrite's second file, before it is flushed
+    kSecondFileFlushed = 2,  // ... flushed, before the rename
+    kSecondFileInPlace = 3,  // ... renamed over the file it replaces
+    kSetFileInPlace = 4,     // a set's new file renamed over its target
+    kSetFolderFlushed = 5,   // the set's folder flushed after the renames
+    kSetListRemoved = 6,     // the set's list removed: the set is done
+    kSetFileWritten = 7,     // a set's new file copied beside its target
+    kSetFileFlushed = 8,     // ... and flushed
+  };
   static void SetRewriteStepHook(std::function<void(int step)> hook);
   // Makes the next change of a program folder (its opening for writing, a seeding copy) fail
   // with `error`, as a read-only folder or file system would even for the superuser; a test's

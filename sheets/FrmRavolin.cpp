@@ -165,6 +165,8 @@ void FrmRavolin::Form_Load() {
   TxtThema.Text = kDefaultThema;
   Guarded(boundary_, [&] { RenameFiles(ws_, ".rvo", ".jpg"); });
   Guarded(boundary_, [&] { TestSomaFiles(); });
+  // A save that a crash interrupted is finished, or undone, before anything lists the studies.
+  Guarded(boundary_, [&] { ws_.CompleteFileSets(Workspace::kStudiesFolder); });
   Guarded(boundary_, [&] { LookForStudyLeftBehind(); });
   FocusOn(Grid);
 }

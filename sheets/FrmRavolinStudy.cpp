@@ -49,21 +49,22 @@ void FrmRavolin::CmdSave_Click() {
   st_.StudyChanged = 0;
 }
 
+// The files of the study are written as one set: a crash leaves the old study or the new one,
+// never a new sheets' file beside old loops; the next look at the folder finishes the set.
 void FrmRavolin::SaveAsFile(std::string fileName) {
   FocusOn(Grid);
   const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize(SheetsFile.Name);
   if (!sheetsExist || sheetsSize == 0) return;
-  // Each file of the study goes through a second file and a rename, so that a crash leaves it
-  // either as it was or whole; the old file is therefore not deleted first.
-  ws_.CopySafely(SheetsFile.Name, fileName);
-  CountSheets();
+  std::vector<std::pair<std::string, std::string>> copies = {{SheetsFile.Name, fileName}};
   for (const auto& [working, extension] :
        {std::pair{LoopsFile.Name, kLoopsExtension}, std::pair{kFloorsFile, kFloorsExtension}}) {
     const auto [exists, size] = ws_.FileExistsAndSize(working);
-    if (!exists || size == 0) return;
+    if (!exists || size == 0) break;
     fileName = SisterFile(fileName, extension);
-    ws_.CopySafely(working, fileName);
+    copies.emplace_back(working, fileName);
   }
+  ws_.CopyAsOneSet(copies);
+  CountSheets();
 }
 
 // Kept on purpose: TxtOrigTemp, Txta_a and CurrentSheet stay as they were, so a new study
@@ -137,6 +138,8 @@ bool FrmRavolin::LooksLikeAStudy(const std::string& fileName) {
 }
 
 void FrmRavolin::OpenFile(std::string fileName) {
+  // A save of this study that a crash interrupted is finished or undone first.
+  ws_.CompleteFileSets(std::filesystem::path(fileName).parent_path().string());
   if (!LooksLikeAStudy(fileName)) return;
   st_.StudyFileName = fileName;
   ws_.Delete(SheetsFile.Name);

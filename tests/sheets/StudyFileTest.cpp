@@ -1,6 +1,8 @@
 // Saving a study as byte copies of the working files, starting a new study, and the question
 // that keeps unsaved work from being lost at both.
 
+#include <set>
+
 #include "FrmOpenSave_M.h"
 #include "KillAtRewriteStep.h"
 #include "SheetsFixture.h"
@@ -27,6 +29,12 @@ class StudyFileTest : public SheetsTest {
   }
   std::filesystem::path Study(const std::string& name) { return folder / "RVLFiles" / name; }
   std::string Bytes(const std::filesystem::path& file) { return ReadAllBytes(file); }
+  static std::set<std::string> FilesOf(const std::filesystem::path& dir) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(dir))
+      names.insert(entry.path().filename().string());
+    return names;
+  }
 };
 
 TEST_F(StudyFileTest, LevelsGoWithTheStudyAndAnOldLevelsFileStaysWhenThereAreNone) {
@@ -116,19 +124,19 @@ TEST_F(StudyFileTest, ADiskFullDuringASaveLeavesTheStudyOnDiskWhole) {
   Cell(1, 2, "650");
   Key(KeyCode::F10);
   prompter.Clear();
-  int steps = 0;
+  int copies = 0;  // the disk fills up as the loops' file is copied
   Workspace::SetRewriteStepHook([&](int step) {
-    if (step == 1 && ++steps == 2) throw RuntimeFault(FaultCode::DiskFull, "Θ.lps");
+    if (step == Workspace::kSetFileWritten && ++copies == 2)
+      throw RuntimeFault(FaultCode::DiskFull, "Θ.lps");
   });
   platform.FileAnswers.push_back(Study("Θ"));
   CtrlS();
   Workspace::SetRewriteStepHook(nullptr);
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
-  EXPECT_EQ(Bytes(Study("Θ.sht")), oldSheets);  // the journal put the first file back too
+  EXPECT_EQ(Bytes(Study("Θ.sht")), oldSheets);
   EXPECT_EQ(Bytes(Study("Θ.lps")), oldLoops);
-  for (const auto& entry : std::filesystem::directory_iterator(folder / "RVLFiles"))
-    EXPECT_EQ(entry.path().string().find(".@@@"), std::string::npos) << entry.path();
+  EXPECT_EQ(FilesOf(folder / "RVLFiles"), (std::set<std::string>{"Θ.lps", "Θ.sht"}));
   EXPECT_EQ(state.StudyChanged, -1);
 }
 
@@ -197,32 +205,56 @@ TEST_F(OpenStudyTest, AFileThatIsNoStudyIsRefusedAndNothingIsTouched) {
   }
 }
 
-// A save interrupted at every step of every file: each study file on disk is always either the
-// old one or the new one, whole.
-TEST_F(StudyFileTest, ASaveKilledAtAnyStepLeavesEveryFileOldOrNewAndWhole) {
+// A save killed at every step that changes the disk (each copy written, flushed, renamed): once
+// the study is opened again it is the old set of files or the new one, byte for byte, and
+// nothing of the save is left beside it.
+TEST_F(StudyFileTest, ASaveKilledAtAnyStepLeavesTheOldStudyOrTheNewOneWhole) {
   CalculatedSheet();
   platform.FileAnswers.push_back(Study("Ω"));
   CtrlS();
-  const std::string oldSheets = ReadAllBytes(Study("Ω.sht"));
-  const std::string oldLoops = ReadAllBytes(Study("Ω.lps"));
+  using Set = std::pair<std::string, std::string>;
+  const Set old{Bytes(Study("Ω.sht")), Bytes(Study("Ω.lps"))};
   Cell(1, 2, "650");
   Key(KeyCode::F10);
-  boundary.Run(*form, [&] { form->SaveTemporarData(); });
-  const std::string newSheets = ReadAllBytes(folder / "SHEETS.TMP");
-  const std::string newLoops = ReadAllBytes(folder / "LOOPS.TMP");
-  ASSERT_NE(newSheets, oldSheets);
-  for (int stop = 1; stop <= 7; ++stop) {
-    WriteAllBytes(Study("Ω.sht"), oldSheets);
-    WriteAllBytes(Study("Ω.lps"), oldLoops);
-    KillAtRewriteStep(stop, [&] { form->SaveAsFile(Study("Ω.sht").string()); });
-    const std::string sheets = ReadAllBytes(Study("Ω.sht"));
-    const std::string loops = ReadAllBytes(Study("Ω.lps"));
-    EXPECT_TRUE(sheets == oldSheets || sheets == newSheets) << "stop " << stop;
-    EXPECT_TRUE(loops == oldLoops || loops == newLoops) << "stop " << stop;
-    if (stop == 7) {
-      EXPECT_EQ(sheets, newSheets);
-      EXPECT_EQ(loops, newLoops);
-    }
+  MainScreen::Run([&] { form->SaveTemporarData(); });
+  const Set fresh{Bytes(folder / "SHEETS.TMP"), Bytes(folder / "LOOPS.TMP")};
+  ASSERT_NE(fresh.first, old.first);
+  ASSERT_NE(fresh.second, old.second);
+  const auto save = [&] { form->SaveAsFile(Study("Ω.sht").string()); };
+  int steps = 0;
+  Workspace::SetRewriteStepHook([&](int) { ++steps; });
+  save();
+  Workspace::SetRewriteStepHook(nullptr);
+  ASSERT_GT(steps, 0);
+  bool committed = false;  // once a kill leaves the new study, every later one does
+  for (int stop = 1; stop <= steps + 1; ++stop) {
+    WriteAllBytes(Study("Ω.sht"), old.first);
+    WriteAllBytes(Study("Ω.lps"), old.second);
+    WriteAllBytes(folder / "SHEETS.TMP", fresh.first);  // the last open put the study there
+    WriteAllBytes(folder / "LOOPS.TMP", fresh.second);
+    KillAtRewriteStep(stop, save);
+    prompter.Clear();
+    MainScreen::Run([&] { form->OpenFile(Study("Ω.sht").string()); });
+    const Set found{Bytes(Study("Ω.sht")), Bytes(Study("Ω.lps"))};
+    EXPECT_TRUE(found == old || found == fresh) << "stop " << stop;
+    EXPECT_FALSE(committed && found == old) << "stop " << stop;
+    committed = committed || found == fresh;
+    EXPECT_EQ(FilesOf(folder / "RVLFiles"), (std::set<std::string>{"Ω.lps", "Ω.sht"}))
+        << "stop " << stop;
+    EXPECT_TRUE(prompter.History().empty()) << "stop " << stop;
+    EXPECT_EQ(Bytes(folder / "SHEETS.TMP"), found.first) << "stop " << stop;
+  }
+  EXPECT_TRUE(committed);  // the run without a kill saved the new study
+  // The next start of the program finishes, or undoes, a save as the open does.
+  for (const int stop : {2, steps - 1}) {
+    WriteAllBytes(Study("Ω.sht"), old.first);
+    WriteAllBytes(Study("Ω.lps"), old.second);
+    KillAtRewriteStep(stop, save);
+    ASSERT_GT(FilesOf(folder / "RVLFiles").size(), 2u) << "stop " << stop;
+    Load();
+    const Set found{Bytes(Study("Ω.sht")), Bytes(Study("Ω.lps"))};
+    EXPECT_EQ(found, stop == 2 ? old : fresh) << "stop " << stop;
+    EXPECT_EQ(FilesOf(folder / "RVLFiles"), (std::set<std::string>{"Ω.lps", "Ω.sht"}));
   }
 }
 

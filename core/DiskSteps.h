@@ -1,0 +1,46 @@
+#pragma once
+// The steps of the program folder's file operations that more than one routine needs: names in
+// UTF-8, the run-time's fault numbers for the file system's errors, flushing to the disk, and
+// the rewrite of a file through a second file. Each step that changes the disk reports itself
+// to the rewrite hook, where a test can stop the process as a crash would.
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "RuntimeFault.h"
+
+namespace disk {
+
+// The second file of a rewrite sits beside the file it replaces, so that the rename stays on the
+// same file system and is atomic.
+inline constexpr const char* kSecondFileSuffix = ".@@@";
+
+std::filesystem::path FromUtf8(std::string_view name);
+std::string ToUtf8(const std::filesystem::path& path);
+std::string NameOf(const std::filesystem::path& path);
+// The old run-time's error number for a failure of the file system.
+FaultCode FaultOf(const std::error_code& ec, FaultCode whenMissing);
+// Something stands at the path (a dangling link counts: a copy must not write through it).
+bool PathPresent(const std::filesystem::path& path);
+bool IsFile(const std::filesystem::path& path);
+
+// Flushes a file's bytes, or a folder's entries, to the disk.
+void SyncFile(const std::filesystem::path& file);
+void SyncFolder(const std::filesystem::path& folder);
+
+std::filesystem::path SecondFileOf(const std::filesystem::path& file);
+// Puts the second file in the place of `file`, flushed to the disk first.
+void ReplaceWithSecondFile(const std::filesystem::path& second, const std::filesystem::path& file);
+// Writes `bytes` as the whole content of `file`, through a second file and a rename.
+void WriteThroughSecondFile(const std::filesystem::path& file, const std::string& bytes);
+
+// A step that changed the disk has been made.
+void RewriteStep(int step);
+std::function<void(int)>& RewriteStepHook();
+// The failure a test asked for, once.
+std::error_code& InjectedFailure();
+std::error_code TakeInjectedFailure();
+
+}  // namespace disk
