@@ -70,20 +70,6 @@ TEST_F(NavigationTest, WalkingTwelveSheetsForwardAndBackLeavesEveryByteAsWritten
   EXPECT_TRUE(prompter.History().empty());
 }
 
-TEST_F(NavigationTest, ANewSheetCarriesTheHeaderAndFamilyOverWithAnEmptyGrid) {
-  Type("TxtOrigTemp", "80");
-  Type("TxtLoopLength", "17.5");
-  FillSheet(1);
-  Key(KeyCode::PageDown);  // the owner, the loop and the adding dialog: as the scripts show
-  EXPECT_EQ(form->TxtOrigTemp.Text, "80");
-  EXPECT_EQ(form->TxtLoopLength.Text, "17.5");
-  EXPECT_EQ(form->TxtFlow.Text, "");
-  EXPECT_EQ(form->Grid.DataRowCount(), 0);
-  EXPECT_EQ(form->Grid.List(1, 10).size(), 12u);
-  EXPECT_EQ(state.Calculated, 0);
-  EXPECT_EQ(state.SheetCount, 1);
-}
-
 TEST_F(NavigationTest, PgDnOnAnEmptyNewSheetAsksAndNoLeavesTheCounterOneAhead) {
   Study(2);
   Key(KeyCode::PageDown);  // sheet 3 is born, empty
@@ -164,8 +150,7 @@ TEST_P(DeleteSheetTest, TheSheetsAfterMoveUpAndTheDerivedFilesGo) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sheets, DeleteSheetTest,
-                         ::testing::Values(DeleteCase{1, 1, "Κ2"}, DeleteCase{2, 2, "Κ3"},
-                                           DeleteCase{4, 3, "Κ3"}));
+                         ::testing::Values(DeleteCase{1, 1, "Κ2"}, DeleteCase{4, 3, "Κ3"}));
 
 // ---- Files that are not what the sheets wrote ----------------------------------------------
 

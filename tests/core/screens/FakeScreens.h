@@ -97,10 +97,8 @@ class FakeMain : public Screen<FakeMain> {
                        s.LblResult.Text = std::string(text.begin(), text.end());
                      }),
         kit::Command("CmdOff", &M::CmdOff, [](M& s) { s.log_.push_back("off pressed"); }),
-        kit::Command("CmdGone", &M::CmdGone, [](M& s) { s.log_.push_back("gone pressed"); }),
         kit::Command("CmdBoom", &M::CmdBoom, [](M&) { throw std::runtime_error("boom"); }),
         kit::Command("CmdOdd", &M::CmdBoom, [](M&) { throw 42; }),
-        kit::Check("ChkSave", &M::ChkSave),
         kit::Combo("CboPipes", &M::CboPipes, [](M& s) { s.log_.push_back("pipes clicked"); }),
         kit::List("LstFiles", &M::LstFiles),
         kit::List("LstEmpty", &M::LstEmpty),
@@ -118,7 +116,6 @@ class FakeMain : public Screen<FakeMain> {
            std::vector<std::string>& log)
       : Screen("FrmFake"), prompter_(prompter), driver_(driver), child_(child), log_(log) {
     CmdOff.Enabled = false;
-    CmdGone.Visible = false;
     LstFiles.SetItems({"a.sht", "b.sht", "c.sht"});
   }
   bool KeyDown(const KeyStroke& key) override {
@@ -129,8 +126,7 @@ class FakeMain : public Screen<FakeMain> {
   void CloseBox() override { log_.push_back("FrmFake close box"); }
 
   Field TxtValue{"85"}, LblResult;
-  Field CmdGo{"ΥΠΟΛΟΓΙΣΜΟΣ"}, CmdAsk, CmdOpen, CmdFile, CmdOff, CmdGone, CmdBoom;
-  CheckBox ChkSave;
+  Field CmdGo{"ΥΠΟΛΟΓΙΣΜΟΣ"}, CmdAsk, CmdOpen, CmdFile, CmdOff, CmdBoom;
   ComboBox CboPipes{{"Φ14x1", "Φ16x1", "Φ18x1"}, 1};
   ListBox LstFiles, LstEmpty;
   TextGrid Grid{3, 4};

@@ -85,37 +85,23 @@ TEST(ParseScript, RefusesBrokenQuotes) {
   }
 }
 
-TEST_F(ScriptDriverTest, GridsAreEditedClickedAndMarked) {
-  Pass(R"(cell FrmFake.Grid 2 3 "1000"
-expect FrmFake.Grid 2 3 "1000"
-expect FrmFake.Grid 1 1 ""
-click FrmFake.Grid 3 4
+// Grid edits, named choices and single selections are what the acceptance scripts do all
+// along; these are the forms they do not use.
+TEST_F(ScriptDriverTest, GridsAreClickedAndMarkedAndListsChosenByPlace) {
+  Pass(R"(click FrmFake.Grid 3 4
 mark FrmFake.Grid 1 2 3 4
-)");
-  EXPECT_EQ(main_.Grid.Text(2, 3), "1000");
-  EXPECT_EQ(main_.Grid.ActiveRow(), 3);
-  EXPECT_EQ(main_.Grid.ActiveCol(), 4);
-  const CellBlock b = main_.Grid.Block();
-  EXPECT_EQ(b.Row1, 1);
-  EXPECT_EQ(b.Col1, 2);
-  EXPECT_EQ(b.Row2, 3);
-  EXPECT_EQ(b.Col2, 4);
-  EXPECT_EQ(log_, std::vector<std::string>{"edit 2 3"});
-}
-
-TEST_F(ScriptDriverTest, DropDownsAndListsAreChosenAndChecked) {
-  Pass(R"(expect FrmFake.CboPipes "Φ16x1"
-choose FrmFake.CboPipes "Φ18x1"
-expect FrmFake.CboPipes "Φ18x1"
 choose FrmFake.CboPipes #0
 expect FrmFake.CboPipes "Φ14x1"
 expect FrmFake.CboPipes "Φ14x1" "Φ16x1" "Φ18x1"
-expect FrmFake.LstFiles "a.sht" "b.sht" "c.sht"
 expect FrmFake.LstEmpty
 select FrmFake.LstFiles "a.sht" "c.sht"
 )");
+  EXPECT_EQ(main_.Grid.ActiveRow(), 3);
+  EXPECT_EQ(main_.Grid.ActiveCol(), 4);
+  const CellBlock b = main_.Grid.Block();
+  EXPECT_EQ((std::vector<int>{b.Row1, b.Col1, b.Row2, b.Col2}), (std::vector<int>{1, 2, 3, 4}));
   EXPECT_EQ(main_.LstFiles.Selected, (std::vector<bool>{true, false, true}));
-  EXPECT_EQ(log_, (std::vector<std::string>{"pipes clicked", "pipes clicked"}));
+  EXPECT_EQ(log_, (std::vector<std::string>{"pipes clicked"}));
   Pass("select FrmFake.LstFiles\n");
   EXPECT_EQ(main_.LstFiles.Selected, (std::vector<bool>{false, false, false}));
 }
@@ -144,9 +130,6 @@ press FrmFake.CmdFile
 expect FrmFake.LblResult "RVLFiles/Μελέτη 1.sht"
 press FrmFake.CmdFile
 expect FrmFake.LblResult "cancel"
-answer file "x.sht"
-press FrmFake.CmdFile
-expect FrmFake.LblResult "x.sht"
 )");
   EXPECT_FALSE(driver_.TakeFileAnswer().has_value());
 }
@@ -264,39 +247,16 @@ TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFound) {
       {"# a comment\nexpect FrmFake.TxtValue \"86\"",
        "t.rvs:2: αναμενόταν FrmFake.TxtValue \"86\", βρέθηκε \"85\""},
       {"expect FrmFake.CmdGo disabled", "t.rvs:1: αναμενόταν FrmFake.CmdGo disabled, βρέθηκε enabled"},
-      {"expect FrmFake.CmdOff enabled", "t.rvs:1: αναμενόταν FrmFake.CmdOff enabled, βρέθηκε disabled"},
-      {"expect FrmFake.CmdGone visible", "t.rvs:1: αναμενόταν FrmFake.CmdGone visible, βρέθηκε hidden"},
-      {"expect FrmFake.ChkSave checked",
-       "t.rvs:1: αναμενόταν FrmFake.ChkSave checked, βρέθηκε unchecked"},
-      {"\n\nexpect FrmFake.Grid 2 3 \"1,091\"",
-       "t.rvs:3: αναμενόταν FrmFake.Grid 2 3 \"1,091\", βρέθηκε \"\""},
       {"expect FrmFake.LstFiles \"a.sht\"",
        "t.rvs:1: αναμενόταν FrmFake.LstFiles \"a.sht\", βρέθηκε \"a.sht\" \"b.sht\" \"c.sht\""},
-      {"expect FrmFake.LstFiles",
-       "t.rvs:1: αναμενόταν FrmFake.LstFiles (καμία εγγραφή), βρέθηκε \"a.sht\" \"b.sht\" \"c.sht\""},
-      {"expect FrmFake.LstEmpty \"x\"",
-       "t.rvs:1: αναμενόταν FrmFake.LstEmpty \"x\", βρέθηκε (καμία εγγραφή)"},
-      {"expect FrmFake.CboPipes \"Φ18x1\"",
-       "t.rvs:1: αναμενόταν FrmFake.CboPipes \"Φ18x1\", βρέθηκε \"Φ16x1\""},
-      {"expect screen FrmChild", "t.rvs:1: αναμενόταν η οθόνη FrmChild, βρέθηκε η οθόνη FrmFake"},
-      {"expect message \"X\"", "t.rvs:1: αναμενόταν το μήνυμα \"X\", βρέθηκε " + none},
-      {"expect file \"SHEETS.TMP\" size 196",
-       "t.rvs:1: αναμενόταν το αρχείο \"SHEETS.TMP\" μεγέθους 196, βρέθηκε κανένα αρχείο \"SHEETS.TMP\""},
       {"expect file \"KEEP.DAT\" size 5",
        "t.rvs:1: αναμενόταν το αρχείο \"KEEP.DAT\" μεγέθους 5, βρέθηκε το αρχείο \"KEEP.DAT\" μεγέθους 4"},
-      {"expect no file \"KEEP.DAT\"",
-       "t.rvs:1: αναμενόταν κανένα αρχείο \"KEEP.DAT\", βρέθηκε το αρχείο \"KEEP.DAT\" μεγέθους 4"},
       // Messages out of step.
+      {"expect message \"X\"", "t.rvs:1: αναμενόταν το μήνυμα \"X\", βρέθηκε " + none},
       {"press FrmFake.CmdGo\nexpect message \"X\"",
        "t.rvs:2: αναμενόταν το μήνυμα \"X\", βρέθηκε " + warning},
-      {"press FrmFake.CmdGo\nexpect no message", "t.rvs:2: αναμενόταν κανένα μήνυμα, βρέθηκε " + warning},
-      {"press FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"\n"
-       "expect message \"... ΠΡΟΣΟΧΗ ...\"",
-       "t.rvs:3: αναμενόταν το μήνυμα \"... ΠΡΟΣΟΧΗ ...\", βρέθηκε " + none},
       {"key FrmFake F5\npress FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"",
        "t.rvs:3: αναμενόταν το μήνυμα \"... ΠΡΟΣΟΧΗ ...\", βρέθηκε \"F5\""},
-      {"key FrmFake F5\nexpect message \"F5\"\nkey FrmFake F5\nexpect no message",
-       "t.rvs:4: αναμενόταν κανένα μήνυμα, βρέθηκε \"F5\""},
   };
   for (const auto& [script, error] : cases) {
     std::vector<std::string> log;
@@ -306,35 +266,17 @@ TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFound) {
 
 TEST(ScriptDriverFailure, LinesThatCannotBeUnderstoodStopTheScript) {
   const std::vector<std::pair<std::string, std::string>> cases = {
+      // Lines the driver cannot read.
       {"frobnicate FrmFake", "t.rvs:1: άγνωστη εντολή \"frobnicate\""},
       {"press FrmNone.CmdGo",
        "t.rvs:1: καμία ανοιχτή οθόνη δεν λέγεται FrmNone (από πάνω είναι η FrmFake)"},
-      {"press FrmFake.CmdNone", "t.rvs:1: FrmFake δεν έχει στοιχείο ελέγχου \"CmdNone\""},
-      {"press CmdGo", "t.rvs:1: \"CmdGo\" δεν ονομάζει στοιχείο ελέγχου ως FORM.Control"},
-      {"cell FrmFake.Grid x 1 \"5\"", "t.rvs:1: \"x\" δεν είναι ακέραιος αριθμός"},
       {"cell FrmFake.Grid 4 1 \"5\"",
        "t.rvs:1: το κελί 4 1 είναι έξω από FrmFake.Grid (3 γραμμές, 4 στήλες)"},
-      {"expect FrmFake.Grid 1 5 \"\"",
-       "t.rvs:1: το κελί 1 5 είναι έξω από FrmFake.Grid (3 γραμμές, 4 στήλες)"},
+      // Controls that cannot take the action.
       {"set FrmFake.LblResult \"x\"", "t.rvs:1: FrmFake.LblResult δεν δέχεται πληκτρολόγηση"},
-      {"press FrmFake.TxtValue", "t.rvs:1: FrmFake.TxtValue δεν πατιέται"},
-      {"choose FrmFake.TxtValue \"x\"", "t.rvs:1: FrmFake.TxtValue δεν έχει εγγραφές για διάλεξη"},
-      {"cell FrmFake.TxtValue 1 1 \"x\"", "t.rvs:1: FrmFake.TxtValue δεν είναι πλέγμα για γράψιμο σε κελί"},
       {"press FrmFake.CmdOff", "t.rvs:1: FrmFake.CmdOff είναι ανενεργό"},
-      {"press FrmFake.CmdGone", "t.rvs:1: FrmFake.CmdGone είναι κρυφό"},
-      {"key FrmFake F13", "t.rvs:1: άγνωστο πλήκτρο \"F13\""},
-      {"set FrmFake.TxtValue \"1", "t.rvs:1: τα εισαγωγικά δεν κλείνουν"},
-      {"set FrmFake.TxtValue", "t.rvs:1: η γραμμή πρέπει να γράφεται: set FORM.Control \"text\""},
-      {"answer MAYBE", "t.rvs:1: η εντολή answer θέλει YES, NO, file \"path\" ή cancel"},
-      {"expect FrmFake.TxtValue shiny",
-       "t.rvs:1: άγνωστη κατάσταση \"shiny\" (ένα κείμενο γράφεται πάντα σε εισαγωγικά)"},
-      {"expect FrmFake.Grid checked", "t.rvs:1: FrmFake.Grid δεν έχει κατάσταση checked"},
-      {"expect FrmFake.TxtValue \"a\" \"b\"",
-       "t.rvs:1: FrmFake.TxtValue δεν ελέγχεται με αυτόν τον τρόπο"},
-      {"expect nothing",
-       "t.rvs:1: η εντολή expect θέλει FORM.Control, screen, message, no message, file ή no file"},
-      {"choose FrmFake.CboPipes \"Φ99\"", "t.rvs:1: FrmFake.CboPipes δεν έχει εγγραφή \"Φ99\""},
       {"choose FrmFake.CboPipes #3", "t.rvs:1: FrmFake.CboPipes δεν έχει εγγραφή #3"},
+      // A screen under a modal one.
       {"press FrmFake.CmdOpen\npress FrmFake.CmdGo",
        "t.rvs:2: FrmFake είναι ανοιχτή αλλά δεν δέχεται γραμμές τώρα: από πάνω είναι η FrmChild"},
   };
