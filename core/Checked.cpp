@@ -53,6 +53,12 @@ int32_t CLng(double value) {
   return RoundInto<int32_t>(value);
 }
 
+float CSng(double value) {
+  const float single = static_cast<float>(value);
+  if (!std::isfinite(value) || std::isinf(single)) throw RuntimeFault(FaultCode::Overflow);
+  return single;
+}
+
 int16_t AddI16(int32_t a, int32_t b) {
   return CheckedI16(int64_t{a} + b);
 }

@@ -8,6 +8,9 @@
 // Assignment of a floating value to i16 / i32: halves to even, Overflow outside the range.
 int16_t CInt(double value);
 int32_t CLng(double value);
+// Assignment of a floating value to a single: Overflow when it does not fit (an infinity or a
+// NaN never fits; the run-time made neither).
+float CSng(double value);
 
 // i16 arithmetic: Overflow when the result leaves -32768..32767.
 int16_t AddI16(int32_t a, int32_t b);

@@ -40,7 +40,7 @@ FrmRavoAdd::FrmRavoAdd(SheetOnScreen& sheet, StudyState& state, Prompter& prompt
   for (int t = kLowestRoomTemp; t <= kHighestRoomTemp; ++t)
     CboRoomTemp.Items.push_back(std::to_string(t));
   CboRoomTemp.Index = kHighestRoomTemp - kLowestRoomTemp - 10;  // "20"
-  sheet_.RunningLoad() = static_cast<float>(st_.Parse(sheet_.LoopLoadBox().Text));
+  sheet_.RunningLoad() = CSng(st_.Parse(sheet_.LoopLoadBox().Text));
   FocusOn(TxtAdded);
 }
 
@@ -113,7 +113,7 @@ void FrmRavoAdd::CmdOK_Click() {
   sheet_.Rows().SetText(row, 1, Trim(TxtSomaName.Text));
   sheet_.Rows().SetText(row, 2, StripThousands(TxtAdded.Text, st_.Seps()));
   sheet_.Rows().SetText(row, 3, CboRoomTemp.Text());
-  sheet_.RunningLoad() = static_cast<float>(sheet_.RunningLoad() + added);
+  sheet_.RunningLoad() = CSng(sheet_.RunningLoad() + added);
   sheet_.LoopLoadBox().Text = st_.FormatF(sheet_.RunningLoad(), "#,###");
   if (row == sheet_.Rows().MaxRows()) {
     Close();

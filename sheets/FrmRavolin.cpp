@@ -229,9 +229,9 @@ void FrmRavolin::FindPipeArea(const std::string& pipeName) {
     throw RuntimeFault(FaultCode::InvalidCall, "ΔΙΑΜΕΤΡΟΣ ΣΩΛΗΝΑ : \"" + pipeName + "\"");
   const double wall = Val(U32ToUtf8(name.substr(name.size() - 1)));
   const double outer = st_.Parse(U32ToUtf8(name.substr(1, x - 1)));
-  PipeInnerDiameter = static_cast<float>((outer - 2 * wall) / 1000);
+  PipeInnerDiameter = CSng((outer - 2 * wall) / 1000);
   const double d = PipeInnerDiameter;
-  st_.PipeArea = static_cast<float>(d * d * (3.14159 / 4));
+  st_.PipeArea = CSng(d * d * (3.14159 / 4));
 }
 
 void FrmRavolin::LookForStudyLeftBehind() {

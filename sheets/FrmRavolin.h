@@ -247,6 +247,8 @@ class FrmRavolin : public Screen<FrmRavolin>, public SheetOnScreen {
   bool LooksLikeAStudy(const std::string& fileName);
   void SheetNumberDisagrees(int16_t sheet, int16_t written);
   SheetRecord PutSheetRecordOnScreen(int16_t sheet);
+  void ReportUnreadableNumbers(int16_t sheet);
+  bool unreadableNumbers_ = false;  // a record read since the last report held one
   std::vector<bool> PutLoopsOfSheetOnScreen(int16_t sheet);
   bool LeaveEmptySheet(int16_t target);
   void GoBackTo(int16_t target, bool alreadyThere);

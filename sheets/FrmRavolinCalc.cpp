@@ -85,24 +85,24 @@ void FrmRavolin::Calc() {
 void FrmRavolin::CalculateFlowRate(float tempDrop, float& flow) {
   LoopTotalLoad = 0;
   for (int row = 1; row <= Grid.MaxRows(); ++row)
-    LoopTotalLoad = static_cast<float>(LoopTotalLoad + st_.Parse(Grid.Text(row, 2)));
+    LoopTotalLoad = CSng(LoopTotalLoad + st_.Parse(Grid.Text(row, 2)));
   // Water carries 1 Kcal per litre and °C.
-  flow = static_cast<float>(Divide(LoopTotalLoad, tempDrop));
+  flow = CSng(Divide(LoopTotalLoad, tempDrop));
 }
 
 float FrmRavolin::Velocity(float flow) const {
-  return static_cast<float>(Divide(Divide(flow / 1000.0, st_.PipeArea), 3600));
+  return CSng(Divide(Divide(flow / 1000.0, st_.PipeArea), 3600));
 }
 
 // Read as mm of water column per metre of pipe; linear in the flow, with the diameter in
 // metres and the flow in l/h.
 float FrmRavolin::SpecificResistance(float flow) const {
   const double d = PipeInnerDiameter;
-  return static_cast<float>(Divide(3.99e-9, d * d * d * d) * flow);
+  return CSng(Divide(3.99e-9, d * d * d * d) * flow);
 }
 
 void FrmRavolin::CalculateData() {
-  const float tempDrop = static_cast<float>(st_.Parse(TxtTempDrop.Text));
+  const float tempDrop = CSng(st_.Parse(TxtTempDrop.Text));
   float flow = 0;
   CalculateFlowRate(tempDrop, flow);
   TxtFlow.Text = st_.FormatF(flow, "#,##0.0");
@@ -117,9 +117,9 @@ void FrmRavolin::CalculateData() {
   float out = 0;
   SomaSize size;
   for (int row = 1; row <= rows; ++row) {
-    const float room = static_cast<float>(st_.Parse(Grid.Text(row, 3)));
-    const float load = static_cast<float>(st_.Parse(Grid.Text(row, 2)));
-    const float in = row == 1 ? static_cast<float>(st_.Parse(TxtOrigTemp.Text)) : out;
+    const float room = CSng(st_.Parse(Grid.Text(row, 3)));
+    const float load = CSng(st_.Parse(Grid.Text(row, 2)));
+    const float in = row == 1 ? CSng(st_.Parse(TxtOrigTemp.Text)) : out;
     const RowTemperatures t = CascadeRow(in, load, room, flow);
     out = t.Out;
     WriteRowResults(row, in, out, t.Mean, t.Factor, t.Equivalent);
@@ -132,7 +132,7 @@ void FrmRavolin::CalculateData() {
         return;
       }
     }
-    SizeRow(row, static_cast<float>(t.Mean - static_cast<double>(room)), t.Equivalent, size);
+    SizeRow(row, CSng(t.Mean - static_cast<double>(room)), t.Equivalent, size);
   }
   TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, kLoadFormat);
 
@@ -175,7 +175,7 @@ void FrmRavolin::RebuildRunningSum() {
   const int rows = Grid.DataRowCount();
   for (int row = 1; row <= rows; ++row) {
     if (Trim(Grid.Text(row, 2)).empty()) continue;
-    LoopTotalLoad = static_cast<float>(LoopTotalLoad + st_.Parse(Grid.Text(row, 2)));
+    LoopTotalLoad = CSng(LoopTotalLoad + st_.Parse(Grid.Text(row, 2)));
     Grid.SetText(row, 4, st_.FormatF(LoopTotalLoad, kLoadFormat));
   }
 }
@@ -205,7 +205,7 @@ void FrmRavolin::CalculateSoma_Panel(float tempDiff, float load, const std::stri
 // its largest size.
 void FrmRavolin::CheckSomata(int row, int16_t& fault) {
   const std::string model = Trim(Grid.Text(row, 10));
-  const float load = static_cast<float>(st_.Parse(Grid.Text(row, 9)));
+  const float load = CSng(st_.Parse(Grid.Text(row, 9)));
   int16_t minSteps = 0, maxSteps = 0;
   const int16_t steps = sizing_.StepsWithoutDiscontinuities(load, model, minSteps, maxSteps);
   if (steps < minSteps || steps > maxSteps) fault = -1;
@@ -235,16 +235,15 @@ void FrmRavolin::Set_TotalLoaD() {
   LoopTotalLoad = 0;
   const int rows = Grid.DataRowCount();
   for (int row = 1; row <= rows; ++row)
-    LoopTotalLoad = static_cast<float>(LoopTotalLoad + st_.Parse(Grid.Text(row, 2)));
+    LoopTotalLoad = CSng(LoopTotalLoad + st_.Parse(Grid.Text(row, 2)));
   TxtLoopLoad.Text = st_.FormatF(LoopTotalLoad, kLoadFormat);
 }
 
 void FrmRavolin::GetTotalSheetLoaD(float& total, float& real) {
   const int rows = Grid.DataRowCount();
-  total = static_cast<float>(st_.Parse(Grid.Text(rows, 4)));
+  total = CSng(st_.Parse(Grid.Text(rows, 4)));
   real = 0;
-  for (int row = 1; row <= rows; ++row)
-    real = static_cast<float>(real + st_.Parse(Grid.Text(row, 12)));
+  for (int row = 1; row <= rows; ++row) real = CSng(real + st_.Parse(Grid.Text(row, 12)));
 }
 
 // The test before the sheet is left: only a complete, calculated sheet may be left. -2: a

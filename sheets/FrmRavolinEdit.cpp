@@ -57,7 +57,7 @@ void FrmRavolin::Grid_EditCell(int row, int col, const std::string& text) {
 // differs discards the results.
 void FrmRavolin::TakeOldCellValues(int row, int col) {
   if (col == 2) OldLoad = CLng(st_.Parse(Grid.Text(row, 2)));
-  if (col == 3) OldRoomTemp = static_cast<float>(st_.Parse(Grid.Text(row, 3)));
+  if (col == 3) OldRoomTemp = CSng(st_.Parse(Grid.Text(row, 3)));
 }
 
 void FrmRavolin::SomethingHasChanged_Spread(int row, int col) {
@@ -151,7 +151,7 @@ void FrmRavolin::CmdDeleteColumn_Click() {
 void FrmRavolin::HeaderRecompute() {
   Set_TotalLoaD();
   float flow = 0;
-  CalculateFlowRate(static_cast<float>(st_.Parse(TxtTempDrop.Text)), flow);
+  CalculateFlowRate(CSng(st_.Parse(TxtTempDrop.Text)), flow);
   TxtFlow.Text = st_.FormatF(flow, "#,##0.0");
   TxtVelocity.Text = st_.FormatF(Velocity(flow), "#,##0.00");
   TxtSFR.Text = st_.FormatF(SpecificResistance(flow), "#,##0.00");

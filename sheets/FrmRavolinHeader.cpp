@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 
+#include "Checked.h"
 #include "FrmRavolin.h"
 #include "RavoMessages.h"
 #include "SheetRecords.h"
@@ -79,7 +80,7 @@ bool FrmRavolin::TxtLoopNo_KeyPress(char32_t ch) {
 }
 
 void FrmRavolin::TxtTempDrop_GotFocus() {
-  OldTempDrop = static_cast<float>(st_.Parse(TxtTempDrop.Text));
+  OldTempDrop = CSng(st_.Parse(TxtTempDrop.Text));
 }
 bool FrmRavolin::TxtTempDrop_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
@@ -89,7 +90,7 @@ void FrmRavolin::TxtTempDrop_LostFocus() {
 }
 
 void FrmRavolin::TxtOrigTemp_GotFocus() {
-  OldOrigTemp = static_cast<float>(st_.Parse(TxtOrigTemp.Text));
+  OldOrigTemp = CSng(st_.Parse(TxtOrigTemp.Text));
 }
 bool FrmRavolin::TxtOrigTemp_KeyPress(char32_t ch) {
   return AcceptsDigits(ch, false);
@@ -109,7 +110,7 @@ void FrmRavolin::CheckTemperatureField(Field& field, float& oldValue, double low
     FocusOn(field);
     return;
   }
-  if (static_cast<float>(value) == oldValue || !st_.Calculated) return;
+  if (CSng(value) == oldValue || !st_.Calculated) return;
   const bool discard = AskYes(RavoMessage::DiscardResults);
   if (discard)
     DiscardResults(true);

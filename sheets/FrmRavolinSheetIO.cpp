@@ -1,8 +1,11 @@
 // The sheet between the screen and the working files: SaveTemporarData writes the sheet on the
 // screen into SheetsFile and LoopsFile and refreshes the water content of every sheet;
 // PutGenSheetData and PutLoopDataOnScreen bring a sheet back.
+#include <cmath>
+#include <initializer_list>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "Checked.h"
 #include "Cp1253.h"
@@ -64,7 +67,7 @@ void FrmRavolin::SaveTemporarData() {
       if (rowsEnded) {
         ClearRowValues(record);
       } else {
-        const float in = row == 1 ? static_cast<float>(st_.Parse(TxtOrigTemp.Text))
+        const float in = row == 1 ? CSng(st_.Parse(TxtOrigTemp.Text))
                                   : loops.Read(LoopRecordNumber(sheet, row - 1)).OutletTemp;
         SaveRow(row, header.Flow, in, out, size, record);
       }
@@ -97,7 +100,7 @@ FrmRavolin::SheetHeader FrmRavolin::ReadSheetHeader() {
   h.PipeName = CboPipes.Text();
   // The flow comes back from its text, rounded to one decimal; velocity and resistance follow
   // from it, so the stored figures may differ in the last places from the calculation's.
-  h.Flow = static_cast<float>(st_.Parse(TxtFlow.Text));
+  h.Flow = CSng(st_.Parse(TxtFlow.Text));
   h.Velocity = Velocity(h.Flow);
   h.SpecificResistance = SpecificResistance(h.Flow);
   return h;
@@ -126,8 +129,8 @@ void FrmRavolin::ClearRowValues(LoopRecord& record) {
 // sheet is being calculated or holds results; the record always gets the temperatures.
 void FrmRavolin::SaveRow(int row, float flow, float in, float& out, SomaSize& size,
                          LoopRecord& record) {
-  const float room = static_cast<float>(st_.Parse(Grid.Text(row, 3)));
-  const float load = static_cast<float>(st_.Parse(Grid.Text(row, 2)));
+  const float room = CSng(st_.Parse(Grid.Text(row, 3)));
+  const float load = CSng(st_.Parse(Grid.Text(row, 2)));
   // A sheet saved before its first calculation has no flow: its rows keep the outlet before.
   const RowTemperatures t =
       CascadeRow(in, load, room, flow > 0 ? std::optional<float>(flow) : std::nullopt, out);
@@ -136,8 +139,7 @@ void FrmRavolin::SaveRow(int row, float flow, float in, float& out, SomaSize& si
   const std::string model = Trim(Grid.Text(row, 10));
   if (showResults) {
     WriteRowResults(row, in, out, t.Mean, t.Factor, t.Equivalent);
-    if (!model.empty())
-      SizeRow(row, static_cast<float>(t.Mean - static_cast<double>(room)), t.Equivalent, size);
+    if (!model.empty()) SizeRow(row, CSng(t.Mean - static_cast<double>(room)), t.Equivalent, size);
   }
   record.SomaNo = Trim(Grid.Text(row, 1));
   record.RoomTemp = room;
@@ -156,9 +158,9 @@ void FrmRavolin::SaveRow(int row, float flow, float in, float& out, SomaSize& si
   } else {
     // Not sized now: the record takes what the grid shows.
     record.SomaText = Trim(Grid.Text(row, 11));
-    record.SomaOutput = static_cast<float>(st_.Parse(Grid.Text(row, 12)));
-    record.SomaArea = static_cast<float>(st_.Parse(Grid.Text(row, 13)));
-    record.SomaLength = static_cast<float>(st_.Parse(Grid.Text(row, 14)));
+    record.SomaOutput = CSng(st_.Parse(Grid.Text(row, 12)));
+    record.SomaArea = CSng(st_.Parse(Grid.Text(row, 13)));
+    record.SomaLength = CSng(st_.Parse(Grid.Text(row, 14)));
   }
 }
 
@@ -169,14 +171,14 @@ void FrmRavolin::WriteSheetRecord(RecordFile<SheetRecord>& sheets, int16_t sheet
   record.Thema = header.Thema;
   record.Ownership = header.Ownership;
   record.LoopNo = header.LoopNo;
-  record.TempDrop = static_cast<float>(st_.Parse(TxtTempDrop.Text));
+  record.TempDrop = CSng(st_.Parse(TxtTempDrop.Text));
   record.PipeName = header.PipeName;
   record.Flow = header.Flow;
   record.Velocity = header.Velocity;
   record.SpecificResistance = header.SpecificResistance;
-  record.LoopLength = static_cast<float>(st_.Parse(TxtLoopLength.Text));
-  record.OrigTemp = static_cast<float>(st_.Parse(TxtOrigTemp.Text));
-  record.OtherRes = static_cast<float>(st_.Parse(TxtOtherRes.Text));
+  record.LoopLength = CSng(st_.Parse(TxtLoopLength.Text));
+  record.OrigTemp = CSng(st_.Parse(TxtOrigTemp.Text));
+  record.OtherRes = CSng(st_.Parse(TxtOtherRes.Text));
   record.ResultsValid = st_.Calculated == -1 ? -1.0f : 0.0f;
   record.SomaCategoryNo = st_.SomaCategory;
   GetTotalSheetLoaD(record.TotalLoad, record.RealOutput);
@@ -225,7 +227,7 @@ void FrmRavolin::UpdateWaterContent(RecordFile<SheetRecord>& sheets, int32_t fir
     DecodeNumbersAnd(sheetAt, sheet, {&SheetRecord::PipeName});
     const std::vector<SomaRecord>& models = familyOf(sheet.SomaCategoryNo);
     LitresPerMetre(sheet.PipeName, litres);
-    float water = static_cast<float>(sheet.LoopLength * litres);
+    float water = CSng(sheet.LoopLength * litres);
     for (int row = 1; row <= kRowsPerSheet; ++row) {
       const int32_t number = LoopRecordNumber(s, row);
       if (number > loopCount) continue;  // a file cut short reads as empty records
@@ -240,7 +242,7 @@ void FrmRavolin::UpdateWaterContent(RecordFile<SheetRecord>& sheets, int32_t fir
           break;
         }
       if (model == nullptr) continue;
-      water = static_cast<float>(water + static_cast<double>(model->UnitWater));
+      water = CSng(water + static_cast<double>(model->UnitWater));
       if (record.SomaWater == model->UnitWater) continue;
       DecodeRecord(loopAt, record);
       record.SomaWater = model->UnitWater;
@@ -345,6 +347,45 @@ void FrmRavolin::OpeningOld() {
   PutSheetRecordOnScreen(1);
   PutLoopsOfSheetOnScreen(1);
   RebuildRunningLoad();  // no gap closing here
+  ReportUnreadableNumbers(1);
+}
+
+namespace {
+
+bool ZeroIfUnreadable(std::initializer_list<float*> singles) {
+  bool found = false;
+  for (float* single : singles)
+    if (!std::isfinite(*single)) {
+      *single = 0;
+      found = true;
+    }
+  return found;
+}
+
+}  // namespace
+
+bool ZeroUnreadableSingles(SheetRecord& r) {
+  return ZeroIfUnreadable({&r.TempDrop, &r.Flow, &r.Velocity, &r.SpecificResistance, &r.LoopLength,
+                           &r.OrigTemp, &r.OtherRes, &r.ResultsValid, &r.SomaCategoryNo,
+                           &r.TotalLoad, &r.RealOutput, &r.WaterContent});
+}
+
+bool ZeroUnreadableSingles(LoopRecord& r) {
+  return ZeroIfUnreadable({&r.RoomTemp, &r.Load, &r.InletTemp, &r.OutletTemp, &r.MeanTemp,
+                           &r.CorrectionFactor, &r.EquivalentLoad, &r.SomaOutput, &r.SomaArea,
+                           &r.SomaLength, &r.SomaWater});
+}
+
+// A sheet whose records hold a number the program never writes (an infinity, a NaN) is shown
+// with 0 in its place, and the engineer is told which sheet it is; the other sheets are not
+// touched.
+void FrmRavolin::ReportUnreadableNumbers(int16_t sheet) {
+  if (!std::exchange(unreadableNumbers_, false)) return;
+  prompter_.Show(NoticeBox(
+      "!! ΠΡΟΣΟΧΗ !!",
+      {"... Το Φύλλο Υπολογισμών Νο : < " + std::to_string(sheet) +
+           " > έχει στο αρχείο αριθμούς που δεν διαβάζονται ...",
+       "... Εμφανίζονται ως 0 : ελέγξτε τα δεδομένα και κάντε ξανά τους Υπολογισμούς ..."}));
 }
 
 // Record `sheet` of SheetsFile into the header; Calculated from its ResultsValid. Returns
@@ -352,7 +393,8 @@ void FrmRavolin::OpeningOld() {
 SheetRecord FrmRavolin::PutSheetRecordOnScreen(int16_t sheet) {
   auto sheets = ws_.Open(SheetsFile, RecordFileMode::ReadOnly);
   st_.SheetCount = CInt(sheets.Count());
-  const SheetRecord record = sheets.Read(sheet);
+  SheetRecord record = sheets.Read(sheet);
+  if (ZeroUnreadableSingles(record)) unreadableNumbers_ = true;
   PutGenSheetData(record);
   TakeResultsValid(record.ResultsValid, st_.Calculated);
   return record;
@@ -375,6 +417,7 @@ std::vector<bool> FrmRavolin::PutLoopsOfSheetOnScreen(int16_t sheet) {
     if (sheetNo != sheet) continue;
     LoopRecord record;
     DecodeRecord(at, record);
+    if (ZeroUnreadableSingles(record)) unreadableNumbers_ = true;
     PutLoopDataOnScreen(record);
     if (record.RowNo >= 1 && record.RowNo <= kRowsPerSheet) rowsMet[record.RowNo] = true;
   }
@@ -404,4 +447,5 @@ void FrmRavolin::LoadSheet(int16_t sheet) {
   int16_t lastRow = 0;
   GetLastDataRow(lastRow);
   RebuildRunningLoad();
+  ReportUnreadableNumbers(sheet);
 }

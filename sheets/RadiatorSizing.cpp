@@ -49,9 +49,9 @@ void RadiatorSizing::CalculateSoma_Fetes(float /*tempDiff*/, float load,
   int16_t sections = 0;
   try {
     if (row != nullptr) sections = UnitCount(load, row->Output, false);
-    if (row != nullptr) size.Area = static_cast<float>(sections * static_cast<double>(row->Area));
+    if (row != nullptr) size.Area = CSng(sections * static_cast<double>(row->Area));
     size.Output = row != nullptr ? MulI16(sections, row->Output) : 0;
-    size.Length = static_cast<float>(MulI16(sections, kSectionLength) / 1000.0);
+    size.Length = CSng(MulI16(sections, kSectionLength) / 1000.0);
   } catch (const RuntimeFault& fault) {
     RethrowForModel(fault, somaType, load);
   }
@@ -63,15 +63,14 @@ void RadiatorSizing::CalculateSoma_Panel(float /*tempDiff*/, float load,
   LookUp(somaType);
   try {
     const int16_t steps = WalkDiscontinuities(UnitCount(load, record_.UnitOutput, true));
-    size.SomaText =
-        UnitsText(static_cast<float>(steps * static_cast<double>(record_.Step))) + "/" + somaType;
-    size.Output = static_cast<float>(VbInt(steps * static_cast<double>(record_.UnitOutput)));
+    size.SomaText = UnitsText(CSng(steps * static_cast<double>(record_.Step))) + "/" + somaType;
+    size.Output = CSng(VbInt(steps * static_cast<double>(record_.UnitOutput)));
     double firstSoma = 0;
     if (!RegionalToDouble(record_.FirstSoma, st_.Seps(), firstSoma))
       throw RuntimeFault(FaultCode::TypeMismatch,
                          "ΠΡΩΤΟ ΣΩΜΑ ΤΗΣ ΣΕΙΡΑΣ \"" + record_.FirstSoma + "\"");
-    size.Length = static_cast<float>(firstSoma * steps / 1000);
-    size.Area = static_cast<float>(steps * static_cast<double>(record_.UnitArea));
+    size.Length = CSng(firstSoma * steps / 1000);
+    size.Area = CSng(steps * static_cast<double>(record_.UnitArea));
   } catch (const RuntimeFault& fault) {
     RethrowForModel(fault, somaType, load);
   }

@@ -12,9 +12,9 @@ constexpr double kCatalogueExcess = 60;
 RowTemperatures CascadeRow(float in, float load, float room, std::optional<float> flow,
                            float outWithoutFlow) {
   RowTemperatures t;
-  t.Out = flow ? static_cast<float>(in - Divide(load, *flow)) : outWithoutFlow;
-  t.Mean = static_cast<float>((static_cast<double>(t.Out) + in) / 2);
-  t.Factor = static_cast<float>(Divide(kCatalogueExcess, t.Mean - static_cast<double>(room)));
-  t.Equivalent = static_cast<float>(static_cast<double>(load) * t.Factor);
+  t.Out = flow ? CSng(in - Divide(load, *flow)) : outWithoutFlow;
+  t.Mean = CSng((static_cast<double>(t.Out) + in) / 2);
+  t.Factor = CSng(Divide(kCatalogueExcess, t.Mean - static_cast<double>(room)));
+  t.Equivalent = CSng(static_cast<double>(load) * t.Factor);
   return t;
 }
