@@ -61,6 +61,19 @@ void SyncFolder(const fs::path& folder) {
   ::close(fd);
 }
 
+void MakeWritable(const fs::path& file) {
+  std::error_code ignored;
+  fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add,
+                  ignored);
+}
+
+bool WriteProtected(const fs::path& file) {
+  std::error_code ec;
+  const fs::file_status status = fs::status(file, ec);
+  return !ec && fs::is_regular_file(status) &&
+         (status.permissions() & fs::perms::owner_write) == fs::perms::none;
+}
+
 fs::path SecondFileOf(const fs::path& file) {
   fs::path second = file;
   second += kSecondFileSuffix;

@@ -30,6 +30,11 @@ bool IsFile(const std::filesystem::path& path);
 void SyncFile(const std::filesystem::path& file);
 void SyncFolder(const std::filesystem::path& folder);
 
+// A copy carries the permission bits of its source; the engineer's own files stay his to write.
+void MakeWritable(const std::filesystem::path& file);
+// The file is there and marked read-only for its owner.
+bool WriteProtected(const std::filesystem::path& file);
+
 std::filesystem::path SecondFileOf(const std::filesystem::path& file);
 // Puts the second file in the place of `file`, flushed to the disk first.
 void ReplaceWithSecondFile(const std::filesystem::path& second, const std::filesystem::path& file);

@@ -74,6 +74,9 @@ void Workspace::CopyAsOneSet(const std::vector<std::pair<std::string, std::strin
   for (const auto& [from, to] : copies) targets.push_back(PathOf(to));
   const fs::path list = WithSuffix(targets.front(), kSetSuffix);
   CompleteFileSets(ToUtf8(list.parent_path()));
+  // A file the engineer has write-protected is not replaced behind his back.
+  for (const fs::path& target : targets)
+    if (WriteProtected(target)) throw RuntimeFault(FaultCode::PermissionDenied, NameOf(target));
   try {
     for (std::size_t i = 0; i < copies.size(); ++i) {
       Pause();
@@ -86,6 +89,7 @@ void Workspace::CopyAsOneSet(const std::vector<std::pair<std::string, std::strin
       std::error_code ec = TakeInjectedFailure();
       if (!ec) fs::copy_file(source, made, fs::copy_options::overwrite_existing, ec);
       if (ec) throw RuntimeFault(FaultOf(ec, FaultCode::DeviceIo), detail);
+      MakeWritable(made);
       RewriteStep(Workspace::kSetFileWritten);
       SyncFile(made);
       RewriteStep(Workspace::kSetFileFlushed);

@@ -216,6 +216,7 @@ std::vector<std::string> Workspace::SeedFrom(const fs::path& dataFolder) {
     if (!PathPresent(target)) {
       std::error_code ec = TakeInjectedFailure();
       if (!ec) fs::copy_file(dataFolder / FromUtf8(name), target, fs::copy_options::none, ec);
+      if (!ec) MakeWritable(target);
       if (ec) {
         // The target was not there before: whatever the failed copy left of it goes.
         std::error_code ignored;
@@ -297,6 +298,7 @@ void Workspace::Copy(std::string_view from, std::string_view to, bool ignoreErro
     std::error_code ec;
     fs::copy_file(source, target, fs::copy_options::overwrite_existing, ec);
     if (ec) throw RuntimeFault(FaultOf(ec, FaultCode::PathNotFound), detail);
+    MakeWritable(target);
   } catch (const RuntimeFault&) {
     if (!ignoreErrors) throw;
   }
@@ -351,6 +353,7 @@ void Workspace::CopySafely(std::string_view from, std::string_view to) {
     std::error_code ec;
     fs::copy_file(source, second, fs::copy_options::overwrite_existing, ec);
     if (ec) throw RuntimeFault(FaultOf(ec, FaultCode::DeviceIo), detail);
+    MakeWritable(second);
   });
 }
 

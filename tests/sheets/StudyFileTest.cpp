@@ -168,6 +168,29 @@ class OpenStudyTest : public StudyFileTest {
   }
 };
 
+// A write-protected study opens into working files the engineer can write, and is not saved
+// over without a message.
+TEST_F(OpenStudyTest, AWriteProtectedStudyOpensWritableAndIsNotSavedOver) {
+  namespace fs = std::filesystem;
+  for (const char* name : {"Α.sht", "Α.lps"})
+    fs::permissions(Study(name), fs::perms::owner_read | fs::perms::group_read);
+  const std::string sheets = Bytes(Study("Α.sht"));
+  platform.FileAnswers.push_back(Study("Α.sht"));
+  Open([](FrmOpenSave_M& browser) { browser.CmdClassic_Click(); });
+  for (const char* name : {"SHEETS.TMP", "LOOPS.TMP"})
+    EXPECT_NE(fs::status(folder / name).permissions() & fs::perms::owner_write, fs::perms::none)
+        << name;
+  Cell(1, 2, "650");
+  Key(KeyCode::F10);
+  prompter.Clear();
+  platform.FileAnswers.push_back(Study("Α.sht"));
+  CtrlS();
+  ASSERT_EQ(prompter.History().size(), 1u);
+  EXPECT_EQ(LastBox().Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
+  EXPECT_EQ(Bytes(Study("Α.sht")), sheets);
+  EXPECT_EQ(FilesOf(folder / "RVLFiles"), (std::set<std::string>{"Α.lps", "Α.sht"}));
+}
+
 TEST_F(OpenStudyTest, AMissingSisterFileIsNamedAndTheWorkspaceStaysAsItWas) {
   TypeHeader("20", "80");
   CalculatedSheet();  // a sheet of the new study on the screen
