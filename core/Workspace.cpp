@@ -93,6 +93,24 @@ std::optional<std::string> SnapshotOf(const fs::path& file) {
   return bytes;
 }
 
+// Writes the old bytes back over the file where it stands and cuts it to their length: the
+// blocks they need are the file's own, so a full disk does not stop it. Not atomic, so only for
+// when a second file cannot be had.
+bool RestoreInPlace(const fs::path& file, const std::string& bytes) {
+  const int fd = ::open(file.c_str(), O_WRONLY | O_CLOEXEC);
+  if (fd < 0) return false;
+  bool whole = true;
+  for (std::size_t done = 0; whole && done < bytes.size();) {
+    const ssize_t n =
+        ::pwrite(fd, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
+    whole = n > 0;
+    if (whole) done += static_cast<std::size_t>(n);
+  }
+  whole = whole && ::ftruncate(fd, static_cast<off_t>(bytes.size())) == 0 && ::fsync(fd) == 0;
+  ::close(fd);
+  return whole;
+}
+
 // False when the file could not be put back.
 bool RestoreFile(const fs::path& file, const std::optional<std::string>& bytes) {
   try {
@@ -105,9 +123,10 @@ bool RestoreFile(const fs::path& file, const std::optional<std::string>& bytes) 
     WriteThroughSecondFile(file, *bytes);
     return true;
   } catch (...) {
+    // A full disk has no room for the second file; the file's own room still holds its past.
     // Kept on purpose: a rollback puts back what it can; one file that resists must not keep
     // the others from being restored.
-    return false;
+    return IsFile(file) && RestoreInPlace(file, *bytes);
   }
 }
 
