@@ -48,7 +48,23 @@ std::unique_ptr<Workspace> OpenOwnProgramFolder(const Options& options, const ch
   auto ws = OpenProgramFolder(options, argv0, prompter);
   if (!ws) return nullptr;
   lock.emplace(ws->Folder());
-  if (lock->Held()) return ws;
-  prompter.Show(SecondCopyMessage());
+  switch (lock->Status()) {
+    case InstanceLock::State::Held:
+      return ws;
+    case InstanceLock::State::HeldHere:
+      prompter.Show(SecondCopyMessage());
+      return nullptr;
+    case InstanceLock::State::HeldElsewhere:
+      if (prompter.Show(OtherMachineQuestion(lock->OtherMachine())) == Answer::Yes &&
+          lock->TakeOver())
+        return ws;
+      return nullptr;
+    case InstanceLock::State::DiskFull:
+      prompter.Show(LockDiskFullMessage());
+      return nullptr;
+    case InstanceLock::State::Unusable:
+      prompter.Show(LockUnusableMessage(ws->Folder() / InstanceLock::kLockFile));
+      return nullptr;
+  }
   return nullptr;
 }

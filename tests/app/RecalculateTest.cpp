@@ -6,7 +6,6 @@
 
 #include <sstream>
 
-#include "InstanceLock.h"
 #include "ProgramFolder.h"
 #include "Recalculate.h"
 #include "StudyMaker.h"
@@ -137,35 +136,6 @@ TEST_F(RecalculateTest, AFileThatIsNoStudyEndsWithStatusTwoAndAMessage) {
   EXPECT_EQ(out.str(), "");
   EXPECT_EQ(Run(folder / "RVLFiles" / "λείπει.sht"), 2);
   EXPECT_NE(err.str().find("ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ"), std::string::npos);
-}
-
-TEST(InstanceLockTest, ASecondCopyIsRefusedUntilTheFirstEnds) {
-  TempFolder home;
-  {
-    InstanceLock first(home.Path());
-    ASSERT_TRUE(first.Held());
-    InstanceLock second(home.Path());
-    EXPECT_FALSE(second.Held());
-    EXPECT_EQ(SecondCopyMessage().Title, "!! ΠΡΟΣΟΧΗ !!");
-  }
-  InstanceLock again(home.Path());
-  EXPECT_TRUE(again.Held());
-}
-
-TEST(InstanceLockTest, ALockLeftByACopyThatCrashedIsTakenOver) {
-  TempFolder home;
-  const pid_t child = fork();
-  ASSERT_GE(child, 0);
-  if (child == 0) {
-    InstanceLock crashed(home.Path());
-    _exit(crashed.Held() ? 0 : 1);  // ends without letting the lock go
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  ASSERT_EQ(WEXITSTATUS(status), 0);
-  ASSERT_TRUE(std::filesystem::exists(home / InstanceLock::kLockFile));
-  InstanceLock next(home.Path());
-  EXPECT_TRUE(next.Held());
 }
 
 }  // namespace
