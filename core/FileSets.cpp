@@ -3,6 +3,10 @@
 // then each new file takes its target's place and the list goes. A crash before the list
 // stands leaves the old files, and the next look at the folder throws the new ones away; a crash
 // after it leaves new files that the next look puts in place.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <fstream>
 
 #include "DiskSteps.h"
@@ -41,6 +45,27 @@ std::vector<std::string> NamesIn(const fs::path& folder) {
   return names;
 }
 
+// One writer of sets per folder at a time, across processes: two batch runs writing one study,
+// or a start finishing sets while another copy writes one. The system lets the lock go with the
+// process that held it.
+class FolderLock {
+ public:
+  explicit FolderLock(const fs::path& folder)
+      : fd_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    held_ = fd_ >= 0 && ::flock(fd_, LOCK_EX | LOCK_NB) == 0;
+  }
+  ~FolderLock() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+  bool Held() const { return held_; }
+
+ private:
+  int fd_;
+  bool held_ = false;
+};
+
 // Every new file of a committed set takes its place (one already there is skipped), then the
 // list goes.
 void FinishSet(const fs::path& list) {
@@ -74,6 +99,9 @@ void Workspace::CopyAsOneSet(const std::vector<std::pair<std::string, std::strin
   for (const auto& [from, to] : copies) targets.push_back(PathOf(to));
   const fs::path list = WithSuffix(targets.front(), kSetSuffix);
   CompleteFileSets(ToUtf8(list.parent_path()));
+  // Another run writing in the folder: the run-time's answer to a file in use by another.
+  const FolderLock lock(list.parent_path());
+  if (!lock.Held()) throw RuntimeFault(FaultCode::PermissionDenied, NameOf(targets.front()));
   // A file the engineer has write-protected is not replaced behind his back.
   for (const fs::path& target : targets)
     if (WriteProtected(target)) throw RuntimeFault(FaultCode::PermissionDenied, NameOf(target));
@@ -107,6 +135,9 @@ void Workspace::CopyAsOneSet(const std::vector<std::pair<std::string, std::strin
 
 void Workspace::CompleteFileSets(std::string_view folderName) {
   const fs::path folder = PathOf(folderName);
+  // Another run is writing a set here: its files are not leftovers, and it finishes its own.
+  const FolderLock lock(folder);
+  if (!lock.Held()) return;
   for (const std::string& name : NamesIn(folder)) {
     if (!EndsWith(name, kSetSuffix)) continue;
     try {

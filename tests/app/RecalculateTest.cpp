@@ -1,6 +1,7 @@
-// The batch command line on whole studies, and the lock that keeps a second copy of the
-// program off a program folder.
+// The batch command line on whole studies.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -69,6 +70,44 @@ TEST_F(RecalculateTest, WriteSavesTheRecalculatedStudyInPlace) {
   ASSERT_EQ(Run(study, false, true), 0);
   EXPECT_EQ(RecordFile<LoopRecord>(loops).Read(LoopRecordNumber(2, 1)).SomaText, "11/II/905");
   EXPECT_EQ(ReadAllBytes(loops), good);
+}
+
+// A second run that writes while another writes in the study's folder is refused with the
+// run-time's message and leaves the study as it was; once the other is done, it writes.
+TEST_F(RecalculateTest, TwoWritersOfOneStudyDoNotMixIt) {
+  const auto study = MakeStudy(2);
+  const auto loops = folder / "RVLFiles" / "Μελέτη με κενά.lps";
+  {
+    RecordFile<LoopRecord> file(loops);
+    LoopRecord r = file.Read(LoopRecordNumber(2, 1));
+    r.SomaText = "stale";
+    file.Write(LoopRecordNumber(2, 1), r);
+  }
+  const std::string sheets = ReadAllBytes(study), loopsBefore = ReadAllBytes(loops);
+  int ready[2], done[2];
+  ASSERT_EQ(::pipe(ready), 0);
+  ASSERT_EQ(::pipe(done), 0);
+  const pid_t other = fork();  // the other run, in the middle of its save
+  ASSERT_GE(other, 0);
+  if (other == 0) {
+    const int fd = ::open((folder / "RVLFiles").c_str(), O_RDONLY | O_DIRECTORY);
+    char go = 0;
+    if (fd < 0 || ::flock(fd, LOCK_EX) != 0 || ::write(ready[1], "1", 1) != 1 ||
+        ::read(done[0], &go, 1) != 1)
+      _exit(1);
+    _exit(0);
+  }
+  char signal = 0;
+  ASSERT_EQ(::read(ready[0], &signal, 1), 1);
+  EXPECT_EQ(Run(study, false, true), 2);
+  EXPECT_NE(err.str().find("ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ"), std::string::npos) << err.str();
+  EXPECT_TRUE(ReadAllBytes(study) == sheets);
+  EXPECT_TRUE(ReadAllBytes(loops) == loopsBefore);
+  ASSERT_EQ(::write(done[1], "1", 1), 1);
+  ::waitpid(other, nullptr, 0);
+  for (int fd : {ready[0], ready[1], done[0], done[1]}) ::close(fd);
+  ASSERT_EQ(Run(study, false, true), 0) << err.str();
+  EXPECT_EQ(RecordFile<LoopRecord>(loops).Read(LoopRecordNumber(2, 1)).SomaText, "11/II/905");
 }
 
 TEST_F(RecalculateTest, ASheetThatDoesNotCalculateIsReportedWithItsMessage) {
