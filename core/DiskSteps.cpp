@@ -1,8 +1,10 @@
 #include "DiskSteps.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <fstream>
 #include <utility>
 
@@ -44,12 +46,46 @@ bool IsFile(const fs::path& path) {
   return fs::is_regular_file(path, ec);
 }
 
+std::optional<std::string> ReadRegularFile(const fs::path& file) {
+  const int fd = ::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) {
+    if (errno == ENOENT) return std::nullopt;
+    throw RuntimeFault(
+        FaultOf(std::error_code(errno, std::generic_category()), FaultCode::FileNotFound),
+        NameOf(file));
+  }
+  struct stat info {};
+  if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+    ::close(fd);
+    throw RuntimeFault(FaultCode::PathFileAccess, NameOf(file) + " (δεν είναι αρχείο)");
+  }
+  std::string bytes(static_cast<std::size_t>(info.st_size), '\0');
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t n = ::read(fd, bytes.data() + done, bytes.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) {
+      const int error = errno;
+      ::close(fd);
+      throw RuntimeFault(
+          FaultOf(std::error_code(error, std::generic_category()), FaultCode::DeviceIo),
+          NameOf(file));
+    }
+    if (n == 0) break;
+    done += static_cast<std::size_t>(n);
+  }
+  ::close(fd);
+  bytes.resize(done);
+  return bytes;
+}
+
 void SyncFile(const fs::path& file) {
   const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) throw RuntimeFault(FaultCode::DeviceIo, NameOf(file));
-  const int result = ::fsync(fd);
-  ::close(fd);
-  if (result != 0) throw RuntimeFault(FaultCode::DeviceIo, NameOf(file));
+  const int result = fd < 0 ? -1 : ::fsync(fd);
+  const std::error_code error(result != 0 ? errno : 0, std::generic_category());
+  if (fd >= 0) ::close(fd);
+  // A full disk is said to be full, not a failure of the device.
+  if (result != 0) throw RuntimeFault(FaultOf(error, FaultCode::DeviceIo), NameOf(file));
 }
 
 // Flushes a folder's entries (a rename just done in it). A folder that refuses is left as it

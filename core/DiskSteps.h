@@ -5,6 +5,7 @@
 // to the rewrite hook, where a test can stop the process as a crash would.
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -25,6 +26,10 @@ FaultCode FaultOf(const std::error_code& ec, FaultCode whenMissing);
 // Something stands at the path (a dangling link counts: a copy must not write through it).
 bool PathPresent(const std::filesystem::path& path);
 bool IsFile(const std::filesystem::path& path);
+
+// The whole of a file, or nothing when there is none. What is not a regular file (a pipe, a
+// device, a folder) is refused at once instead of being waited on.
+std::optional<std::string> ReadRegularFile(const std::filesystem::path& file);
 
 // Flushes a file's bytes, or a folder's entries, to the disk.
 void SyncFile(const std::filesystem::path& file);

@@ -45,7 +45,8 @@ FaultCode FaultOfErrno(int error) {
 int OpenRetrying(const std::filesystem::path& path, int flags) {
   int fd;
   do {
-    fd = ::open(path.c_str(), flags | O_CLOEXEC, 0666);
+    // Never waits: a pipe in a file's place is opened at once and refused as not a file.
+    fd = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
   } while (fd < 0 && errno == EINTR);
   return fd;
 }

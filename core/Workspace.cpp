@@ -82,15 +82,8 @@ void MakeFolder(const fs::path& folder) {
 // What a file holds now, or nullopt when there is none.
 std::optional<std::string> SnapshotOf(const fs::path& file) {
   if (!PathPresent(file)) return std::nullopt;
-  std::ifstream in(file, std::ios::binary | std::ios::ate);
-  if (!in) throw RuntimeFault(FaultCode::PermissionDenied, NameOf(file));
   // In one read: the journal keeps whole working files before every command that writes.
-  std::string bytes(static_cast<std::size_t>(in.tellg()), '\0');
-  in.seekg(0);
-  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (in.bad()) throw RuntimeFault(FaultCode::DeviceIo, NameOf(file));
-  bytes.resize(static_cast<std::size_t>(in.gcount()));
-  return bytes;
+  return ReadRegularFile(file);
 }
 
 // Writes the old bytes back over the file where it stands and cuts it to their length: the
@@ -382,6 +375,10 @@ void Workspace::SetRewriteStepHook(std::function<void(int)> hook) {
 
 void Workspace::FailNextChange(std::error_code error) {
   InjectedFailure() = error;
+}
+
+std::optional<std::string> Workspace::ReadWholeFile(std::string_view name) const {
+  return ReadRegularFile(PathOf(name));
 }
 
 std::vector<std::string> Workspace::ListFiles(std::string_view folder,

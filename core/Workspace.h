@@ -98,6 +98,9 @@ class Workspace : public FileJournal {
 
   // The names of the files of a folder of the program folder ("" for the folder itself) that
   // match a pattern such as "*.ths", without regard to case, in the order of a file list.
+  // The whole of a file of the folder, or nothing when there is none; what is not a regular
+  // file is refused at once, never waited on.
+  std::optional<std::string> ReadWholeFile(std::string_view name) const;
   std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern) const;
 
   // A record file of the program folder, reporting to the journal.

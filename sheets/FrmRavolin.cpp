@@ -198,10 +198,9 @@ void FrmRavolin::SetStartValues() {
 void FrmRavolin::LoadPipeList() {
   CboPipes.Items.clear();
   CboPipes.Index = -1;
-  const auto path = ws_.PathOf(kPipeListFile);
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw RuntimeFault(FaultCode::FileNotFound, kPipeListFile);
-  const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  const std::optional<std::string> read = ws_.ReadWholeFile(kPipeListFile);
+  if (!read) throw RuntimeFault(FaultCode::FileNotFound, kPipeListFile);
+  const std::string& bytes = *read;
   std::size_t start = 0;
   while (start < bytes.size()) {
     std::size_t end = bytes.find('\n', start);
