@@ -182,23 +182,9 @@ TEST_F(GridTypingTest, TheAddingDialogsRowsShowOnTheMainScreenWhileItIsOpen) {
 }
 
 // The main screen with real message boxes, each answered with Enter.
-class BoxesTest : public ::testing::Test {
+class BoxesTest : public MainViewTest<QtPrompter> {
  protected:
-  BoxesTest() : ws(folder.Path()) {
-    WriteAllBytes(folder / "RavoPipes.txt",
-                  "\xD6"
-                  "16x1\r\n");
-    WriteTypeFile(folder / kSectionFamilyMaster, 1, kSectionFamilyCategory, SectionModels(1));
-    screens.Attach(boundary, &view);
-    prompter.SetParent(&view);
-    logic.Form_Load();
-    view.Kit().Render();
-    view.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
-    for (auto [name, text] :
-         {std::pair{"TxtOwnership", "Οικία"}, {"TxtLoopNo", "Κ1"}, {"TxtLoopLength", "10"}})
-      logic.Controls().at(name).Type(text);
-  }
+  BoxesTest() { Header(); }
   // Presses the key on the focused widget and answers every box it raises with Enter.
   void KeyAnsweringBoxes(Qt::Key key) {
     answer = [this] {
@@ -214,16 +200,6 @@ class BoxesTest : public ::testing::Test {
     waiting = false;
     QTest::qWait(30);
   }
-  TempFolder folder;
-  Workspace ws;
-  StudyState state;
-  QtPrompter prompter;
-  FakePlatform platform;
-  CommandBoundary boundary{ws, prompter, state};
-  ViewRegistry views = ProgramViews();
-  QtScreens screens{views};
-  FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
-  FrmRavolinView view{logic, boundary};
   GridView* grid = view.Kit().Widget<GridView>("Grid");
   std::function<void()> answer;
   bool waiting = false;

@@ -12,9 +12,11 @@
 #include "TempFolder.h"
 #include "TypeFiles.h"
 
-class ViewTest : public ::testing::Test {
+// `P` shows the boxes: scripted answers, or real boxes on the screen.
+template <class P>
+class MainViewTest : public ::testing::Test {
  protected:
-  ViewTest() : ws(folder.Path()) {
+  MainViewTest() : ws(folder.Path()) {
     platform.Seps = {U',', U'.'};
     WriteAllBytes(folder / "RavoPipes.txt",
                   "\xD6"
@@ -24,6 +26,7 @@ class ViewTest : public ::testing::Test {
     WriteTypeFile(folder / "Πάνελ.ths", 2, "Χαλύβδινα Πάνελ (EN 442)",
                   {Stepped("22/600", 150, 0.25f, 100, "400", 4, 30, "")});
     screens.Attach(boundary, &view);
+    if constexpr (requires { prompter.SetParent(&view); }) prompter.SetParent(&view);
     logic.Form_Load();
     view.Kit().Render();
     view.show();
@@ -50,7 +53,7 @@ class ViewTest : public ::testing::Test {
   TempFolder folder;
   Workspace ws;
   StudyState state;
-  ScriptedPrompter prompter;
+  P prompter;
   FakePlatform platform;
   CommandBoundary boundary{ws, prompter, state};
   ViewRegistry views = ProgramViews();
@@ -58,3 +61,5 @@ class ViewTest : public ::testing::Test {
   FrmRavolin logic{ws, state, prompter, platform, boundary, screens};
   FrmRavolinView view{logic, boundary};
 };
+
+using ViewTest = MainViewTest<ScriptedPrompter>;
