@@ -27,11 +27,22 @@ std::filesystem::path Executable(const char* argv0) {
 std::unique_ptr<Workspace> OpenProgramFolder(const Options& options, const char* argv0,
                                              Prompter& prompter) {
   std::unique_ptr<Workspace> ws;
+  const auto folder = Workspace::ResolveProgramFolder(options.Home);
   try {
-    ws = std::make_unique<Workspace>(Workspace::ResolveProgramFolder(options.Home));
+    ws = std::make_unique<Workspace>(folder);
   } catch (const RuntimeFault& fault) {
-    prompter.Show(FaultMessage(fault));
-    return nullptr;
+    // A batch run that writes nothing only reads the program folder: it works in one that is
+    // read-only, as it stands.
+    if (!options.Recalculate || options.Write) {
+      prompter.Show(FaultMessage(fault));
+      return nullptr;
+    }
+    try {
+      return std::make_unique<Workspace>(folder, Workspace::Access::ReadOnly);
+    } catch (const RuntimeFault& again) {
+      prompter.Show(FaultMessage(again));
+      return nullptr;
+    }
   }
   // A failure of the seeding is told and the program goes on with what the folder holds.
   try {

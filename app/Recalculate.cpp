@@ -2,11 +2,14 @@
 
 #include <stdlib.h>
 
+#include <cerrno>
+
 #include <ostream>
 #include <sstream>
 
 #include "CommandBoundary.h"
 #include "Cp1253.h"
+#include "DiskSteps.h"
 #include "Program.h"
 #include "SomaRecord.h"
 #include "SomaTypeFiles.h"
@@ -35,26 +38,39 @@ class BatchScreens : public Screens {
 class TemporaryWorkspace {
  public:
   explicit TemporaryWorkspace(const Workspace& home) {
-    std::string name = (fs::temp_directory_path() / "ravolinette-XXXXXX").string();
-    if (!mkdtemp(name.data()))
-      throw RuntimeFault(FaultCode::PermissionDenied, fs::temp_directory_path().string());
-    folder_ = name;
-    workspace_ = std::make_unique<Workspace>(folder_);
-    workspace_->SetPauseMilliseconds(0);
-    for (const auto& pattern : {FrmRavolin::kPipeListFile, kTypeFilePattern, kSectionFamilyMaster})
-      for (const std::string& name : home.ListFiles("", pattern))
-        fs::copy_file(home.PathOf(name), workspace_->PathOf(name));
-  }
-  ~TemporaryWorkspace() {
-    workspace_.reset();
     std::error_code ec;
-    fs::remove_all(folder_, ec);
+    const fs::path temporary = fs::temp_directory_path(ec);
+    std::string name = (temporary / "ravolinette-XXXXXX").string();
+    if (ec || !mkdtemp(name.data()))
+      throw RuntimeFault(
+          disk::FaultOf(std::error_code(errno, std::generic_category()), FaultCode::PathNotFound),
+          temporary.string());
+    folder_ = name;
+    try {
+      workspace_ = std::make_unique<Workspace>(folder_);
+      workspace_->SetPauseMilliseconds(0);
+      for (const auto& pattern :
+           {FrmRavolin::kPipeListFile, kTypeFilePattern, kSectionFamilyMaster})
+        for (const std::string& file : home.ListFiles("", pattern)) {
+          fs::copy_file(home.PathOf(file), workspace_->PathOf(file), ec);
+          if (ec) throw RuntimeFault(disk::FaultOf(ec, FaultCode::FileNotFound), file);
+        }
+    } catch (...) {
+      Remove();
+      throw;
+    }
   }
+  ~TemporaryWorkspace() { Remove(); }
   TemporaryWorkspace(const TemporaryWorkspace&) = delete;
   TemporaryWorkspace& operator=(const TemporaryWorkspace&) = delete;
   Workspace& Get() { return *workspace_; }
 
  private:
+  void Remove() {
+    workspace_.reset();
+    std::error_code ec;
+    fs::remove_all(folder_, ec);
+  }
   fs::path folder_;
   std::unique_ptr<Workspace> workspace_;
 };
@@ -213,6 +229,13 @@ int Recalculate(const Options& options, Workspace& home, std::ostream& out, std:
     return all ? 0 : 1;
   } catch (const RuntimeFault& fault) {
     err << FaultMessage(fault).OneLine() << '\n';
+    return 2;
+  } catch (const fs::filesystem_error& error) {
+    // Whatever the file system refuses is the run-time's fault of that kind, never an abort.
+    err << FaultMessage(RuntimeFault(disk::FaultOf(error.code(), FaultCode::FileNotFound),
+                                     error.path1().string()))
+               .OneLine()
+        << '\n';
     return 2;
   }
 }

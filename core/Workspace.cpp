@@ -180,10 +180,15 @@ struct SeedFailure {
 
 // ---- The program folder -----------------------------------------------------------------------
 
-Workspace::Workspace(fs::path programFolder) : pauseMs_(PauseFromEnvironment()) {
+Workspace::Workspace(fs::path programFolder, Access access) : pauseMs_(PauseFromEnvironment()) {
   std::error_code ec;
   const fs::path absolute = fs::absolute(programFolder, ec);
   folder_ = (ec ? programFolder : absolute).lexically_normal();
+  if (access == Access::ReadOnly) {
+    if (!fs::is_directory(folder_, ec))
+      throw RuntimeFault(FaultCode::PathNotFound, "Φάκελος " + ToUtf8(folder_));
+    return;
+  }
   MakeFolder(folder_);
   MakeFolder(folder_ / kStudiesFolder);
   MakeFolder(folder_ / kPicturesFolder);

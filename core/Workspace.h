@@ -25,7 +25,9 @@ class Workspace : public FileJournal {
   static constexpr const char* kPicturesFolder = "GMI";
 
   // Opens (and creates when missing) the program folder, with its two folders.
-  explicit Workspace(std::filesystem::path programFolder);
+  // A folder only read (a batch run that writes nothing) is neither made nor tried for writing.
+  enum class Access { ReadWrite, ReadOnly };
+  explicit Workspace(std::filesystem::path programFolder, Access access = Access::ReadWrite);
 
   // --home DIR, else $RAVOLINETTE_HOME, else $XDG_DATA_HOME/ravolinette, else
   // ~/.local/share/ravolinette.

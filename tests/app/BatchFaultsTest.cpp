@@ -1,0 +1,85 @@
+// The batch run on a bad day: a temporary folder with no room, a program folder that cannot be
+// written. It ends with status 2 and a Greek message, or does its work, and never aborts.
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "Program.h"
+#include "Recalculate.h"
+#include "StudyMaker.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A small disk of its own at `at`, or false where the machine does not allow one.
+bool MountSmallDisk(const fs::path& at, const char* size) {
+  return ::mount("tmpfs", at.c_str(), "tmpfs", 0, size) == 0;
+}
+
+void FillDisk(const fs::path& disk) {
+  std::ofstream filler(disk / "filler", std::ios::binary);
+  const std::string block(4096, 'x');
+  while (filler.write(block.data(), static_cast<std::streamsize>(block.size()))) filler.flush();
+}
+
+std::vector<std::string> NamesIn(const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder))
+    names.push_back(entry.path().filename().string());
+  return names;
+}
+
+TEST(BatchFaultsTest, AFullTemporaryFolderEndsWithAMessageAndLeavesNothingThere) {
+  TempFolder home, temporary;
+  WriteStartFiles(home.Path());
+  Workspace ws(home.Path());
+  ws.SetPauseMilliseconds(0);
+  const auto study = MakeStudyOfCopies(ws, "Μ", 1, {"1000"}, "II/905");
+  if (!MountSmallDisk(temporary.Path(), "size=16k"))
+    GTEST_SKIP() << "no small disk can be mounted here (needs the right to mount)";
+  FillDisk(temporary.Path());
+  const char* old = std::getenv("TMPDIR");
+  const std::string kept = old ? old : "";
+  ::setenv("TMPDIR", temporary.Path().c_str(), 1);
+  Options options;
+  options.Recalculate = study.string();
+  std::ostringstream out, err;
+  const int status = Recalculate(options, ws, out, err);
+  old ? ::setenv("TMPDIR", kept.c_str(), 1) : ::unsetenv("TMPDIR");
+  const std::vector<std::string> left = NamesIn(temporary.Path());
+  ::umount(temporary.Path().c_str());
+  EXPECT_EQ(status, 2);
+  EXPECT_NE(err.str().find("ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ"), std::string::npos) << err.str();
+  EXPECT_EQ(left, std::vector<std::string>{"filler"});
+}
+
+TEST(BatchFaultsTest, ARecalculationThatWritesNothingWorksInAReadOnlyProgramFolder) {
+  TempFolder home;
+  if (!MountSmallDisk(home.Path(), "size=1m"))
+    GTEST_SKIP() << "no small disk can be mounted here (needs the right to mount)";
+  fs::path study;
+  {
+    WriteStartFiles(home.Path());
+    Workspace ws(home.Path());
+    ws.SetPauseMilliseconds(0);
+    study = MakeStudyOfCopies(ws, "Μ", 2, {"1000", "800"}, "II/905");
+  }
+  ASSERT_EQ(::mount("tmpfs", home.Path().c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=1m"), 0);
+  Options options;
+  options.Home = home.Path().string();
+  options.Recalculate = study.string();
+  ScriptedPrompter prompter;
+  const auto ws = OpenProgramFolder(options, "ravolinette", prompter);
+  std::ostringstream out, err;
+  const int status = ws ? Recalculate(options, *ws, out, err) : -1;
+  ::umount(home.Path().c_str());
+  EXPECT_TRUE(prompter.History().empty());
+  EXPECT_EQ(status, 0) << err.str();
+  EXPECT_NE(out.str().find("ΦΥΛΛΟ\t2"), std::string::npos);
+}
+
+}  // namespace
