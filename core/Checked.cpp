@@ -54,9 +54,11 @@ int32_t CLng(double value) {
 }
 
 float CSng(double value) {
-  const float single = static_cast<float>(value);
-  if (!std::isfinite(value) || std::isinf(single)) throw RuntimeFault(FaultCode::Overflow);
-  return single;
+  // The first value that rounds up past the largest single: FLT_MAX and half its last step.
+  // Checked before the conversion, which is undefined beyond it.
+  constexpr double kBeyondSingle = 0x1.ffffffp+127;
+  if (!(std::fabs(value) < kBeyondSingle)) throw RuntimeFault(FaultCode::Overflow);
+  return static_cast<float>(value);
 }
 
 int16_t AddI16(int32_t a, int32_t b) {

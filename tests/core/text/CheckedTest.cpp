@@ -25,6 +25,13 @@ TEST(Checked, CIntAndCLngRoundHalvesToEven) {
   EXPECT_EQ(CLng(40000.5), 40000);
 }
 
+// A double just below FLT_MAX and half its last step still rounds into a single.
+TEST(Checked, CSngTakesEveryValueThatRoundsIntoASingle) {
+  EXPECT_EQ(CSng(std::nextafter(0x1.ffffffp+127, 0.0)), 0x1.fffffep+127f);
+  EXPECT_EQ(CSng(-3.4e38), -3.4e38f);
+  EXPECT_EQ(CSng(1e-50), 0.0f);
+}
+
 TEST(Checked, ModAndBackslashRoundTheirOperandsFirst) {
   const struct {
     double A, B;
@@ -66,6 +73,10 @@ TEST(Checked, OverflowAndDivisionByZeroStopTheCommand) {
       {"5 \\ -0.5", [] { VbIntDiv(5, -0.5); }, FaultCode::DivisionByZero},
       {"3e9 Mod 2", [] { VbMod(3e9, 2); }, FaultCode::Overflow},
       {"-2^31 \\ -1", [] { VbIntDiv(-2147483648.0, -1); }, FaultCode::Overflow},
+      {"CSng(3.4e39)", [] { CSng(3.4e39); }, FaultCode::Overflow},
+      {"CSng(-FLT_MAX - half a step)", [] { CSng(-0x1.ffffffp+127); }, FaultCode::Overflow},
+      {"CSng(NaN)", [] { CSng(NAN); }, FaultCode::Overflow},
+      {"CSng(inf)", [] { CSng(INFINITY); }, FaultCode::Overflow},
   };
   for (const auto& c : cases) EXPECT_EQ(FaultOf(c.Call), c.Code) << c.What;
 }
