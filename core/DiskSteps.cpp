@@ -46,6 +46,17 @@ bool IsFile(const fs::path& path) {
   return fs::is_regular_file(path, ec);
 }
 
+std::vector<std::string> FilesOf(const fs::path& folder) {
+  std::vector<std::string> names;
+  std::error_code ec;
+  fs::directory_iterator it(folder, ec);
+  for (; !ec && it != fs::directory_iterator(); it.increment(ec)) {
+    std::error_code typeError;
+    if (it->is_regular_file(typeError)) names.push_back(NameOf(it->path()));
+  }
+  return names;
+}
+
 std::optional<std::string> ReadRegularFile(const fs::path& file) {
   const int fd = ::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (fd < 0) {

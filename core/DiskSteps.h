@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "RuntimeFault.h"
 
@@ -26,6 +27,9 @@ FaultCode FaultOf(const std::error_code& ec, FaultCode whenMissing);
 // Something stands at the path (a dangling link counts: a copy must not write through it).
 bool PathPresent(const std::filesystem::path& path);
 bool IsFile(const std::filesystem::path& path);
+
+// The names of the regular files of a folder (none when it cannot be read), unordered.
+std::vector<std::string> FilesOf(const std::filesystem::path& folder);
 
 // The whole of a file, or nothing when there is none. What is not a regular file (a pipe, a
 // device, a folder) is refused at once instead of being waited on.

@@ -36,15 +36,6 @@ void RemoveQuietly(const fs::path& path) {
   fs::remove(path, ignored);
 }
 
-std::vector<std::string> NamesIn(const fs::path& folder) {
-  std::vector<std::string> names;
-  std::error_code ec;
-  fs::directory_iterator it(folder, ec);
-  for (; !ec && it != fs::directory_iterator(); it.increment(ec))
-    names.push_back(NameOf(it->path()));
-  return names;
-}
-
 // One writer of sets per folder at a time, across processes: two batch runs writing one study,
 // or a start finishing sets while another copy writes one. The system lets the lock go with the
 // process that held it.
@@ -138,7 +129,7 @@ void Workspace::CompleteFileSets(std::string_view folderName) {
   // Another run is writing a set here: its files are not leftovers, and it finishes its own.
   const FolderLock lock(folder);
   if (!lock.Held()) return;
-  for (const std::string& name : NamesIn(folder)) {
+  for (const std::string& name : FilesOf(folder)) {
     if (!EndsWith(name, kSetSuffix)) continue;
     try {
       FinishSet(folder / FromUtf8(name));
@@ -148,7 +139,7 @@ void Workspace::CompleteFileSets(std::string_view folderName) {
     }
   }
   // What is left of a set that was never committed, or of a rewrite that never ended.
-  for (const std::string& name : NamesIn(folder))
+  for (const std::string& name : FilesOf(folder))
     if (EndsWith(name, kNewSuffix) || EndsWith(name, kSecondFileSuffix))
       RemoveQuietly(folder / FromUtf8(name));
 }

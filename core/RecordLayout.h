@@ -5,6 +5,7 @@
 //   write (cut at the width), trimmed of blanks on read; reserved fields kept byte for byte.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -174,6 +175,24 @@ void DecodeFields(const unsigned char* bytes, T& record, WantText wantText, bool
         break;
     }
   }
+}
+
+// The floating fields of a record that hold an infinity or a NaN (which the program never
+// writes) are set to 0. True when there was one.
+template <class T>
+bool ZeroUnreadableNumbers(T& record) {
+  bool found = false;
+  for (const auto& f : RecordLayoutOf<T>::Value.Fields) {
+    if (f.Kind == FieldKind::F32 && !std::isfinite(record.*(f.F32Member))) {
+      record.*(f.F32Member) = 0;
+      found = true;
+    }
+    if (f.Kind == FieldKind::F64 && !std::isfinite(record.*(f.F64Member))) {
+      record.*(f.F64Member) = 0;
+      found = true;
+    }
+  }
+  return found;
 }
 
 template <class T>

@@ -140,18 +140,6 @@ std::string EnvironmentText(const char* name) {
   return value ? std::string(value) : std::string();
 }
 
-// The names of the regular files of a folder (none when it cannot be read), unordered.
-std::vector<std::string> FilesOf(const fs::path& folder) {
-  std::vector<std::string> names;
-  std::error_code ec;
-  fs::directory_iterator it(folder, ec);
-  for (; !ec && it != fs::directory_iterator(); it.increment(ec)) {
-    std::error_code typeError;
-    if (it->is_regular_file(typeError)) names.push_back(NameOf(it->path()));
-  }
-  return names;
-}
-
 // ---- The list of seeded files ---------------------------------------------------------------
 
 std::vector<std::string> ReadSeededList(const fs::path& file) {

@@ -1,8 +1,6 @@
 // The sheet between the screen and the working files: SaveTemporarData writes the sheet on the
 // screen into SheetsFile and LoopsFile and refreshes the water content of every sheet;
 // PutGenSheetData and PutLoopDataOnScreen bring a sheet back.
-#include <cmath>
-#include <initializer_list>
 #include <map>
 #include <optional>
 #include <utility>
@@ -350,32 +348,6 @@ void FrmRavolin::OpeningOld() {
   ReportUnreadableNumbers(1);
 }
 
-namespace {
-
-bool ZeroIfUnreadable(std::initializer_list<float*> singles) {
-  bool found = false;
-  for (float* single : singles)
-    if (!std::isfinite(*single)) {
-      *single = 0;
-      found = true;
-    }
-  return found;
-}
-
-}  // namespace
-
-bool ZeroUnreadableSingles(SheetRecord& r) {
-  return ZeroIfUnreadable({&r.TempDrop, &r.Flow, &r.Velocity, &r.SpecificResistance, &r.LoopLength,
-                           &r.OrigTemp, &r.OtherRes, &r.ResultsValid, &r.SomaCategoryNo,
-                           &r.TotalLoad, &r.RealOutput, &r.WaterContent});
-}
-
-bool ZeroUnreadableSingles(LoopRecord& r) {
-  return ZeroIfUnreadable({&r.RoomTemp, &r.Load, &r.InletTemp, &r.OutletTemp, &r.MeanTemp,
-                           &r.CorrectionFactor, &r.EquivalentLoad, &r.SomaOutput, &r.SomaArea,
-                           &r.SomaLength, &r.SomaWater});
-}
-
 // A sheet whose records hold a number the program never writes (an infinity, a NaN) is shown
 // with 0 in its place, and the engineer is told which sheet it is; the other sheets are not
 // touched.
@@ -394,7 +366,7 @@ SheetRecord FrmRavolin::PutSheetRecordOnScreen(int16_t sheet) {
   auto sheets = ws_.Open(SheetsFile, RecordFileMode::ReadOnly);
   st_.SheetCount = CInt(sheets.Count());
   SheetRecord record = sheets.Read(sheet);
-  if (ZeroUnreadableSingles(record)) unreadableNumbers_ = true;
+  if (ZeroUnreadableNumbers(record)) unreadableNumbers_ = true;
   PutGenSheetData(record);
   TakeResultsValid(record.ResultsValid, st_.Calculated);
   return record;
@@ -417,7 +389,7 @@ std::vector<bool> FrmRavolin::PutLoopsOfSheetOnScreen(int16_t sheet) {
     if (sheetNo != sheet) continue;
     LoopRecord record;
     DecodeRecord(at, record);
-    if (ZeroUnreadableSingles(record)) unreadableNumbers_ = true;
+    if (ZeroUnreadableNumbers(record)) unreadableNumbers_ = true;
     PutLoopDataOnScreen(record);
     if (record.RowNo >= 1 && record.RowNo <= kRowsPerSheet) rowsMet[record.RowNo] = true;
   }

@@ -95,11 +95,6 @@ inline constexpr WorkingFile<LoopRecord> LoopsFile{"LOOPS.TMP"};
 
 // StudiesFile: one record per study file of the studies' folder, a cache the study browser
 // rebuilds from the folder each time it opens.
-// The singles of a record, for the check of what a file holds: an infinity or a NaN was never
-// written by the program, and one that is found reads as 0. True when one was found.
-bool ZeroUnreadableSingles(SheetRecord& record);
-bool ZeroUnreadableSingles(LoopRecord& record);
-
 struct StudyRecord {
   int16_t StudyNo = 0;     // from 1, the record number
   std::string StudyTitle;  // Thema of the study's first sheet

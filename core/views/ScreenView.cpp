@@ -262,10 +262,17 @@ void ViewKit::Run(const std::function<void()>& handler) {
   if (running_) return;
   // No command runs while a cell editor is open: the edit goes in first, as its own command.
   CommitOpenEdits();
-  running_ = true;
-  boundary_.Run(logic_, handler);
-  running_ = false;
+  RunThroughBoundary(handler);
   ShowWhatTheCommandLeft();
+}
+
+void ViewKit::RunThroughBoundary(const std::function<void()>& handler) {
+  running_ = true;
+  struct Done {
+    bool& running;
+    ~Done() { running = false; }
+  } done{running_};
+  boundary_.Run(logic_, handler);
 }
 
 void ViewKit::ShowWhatTheCommandLeft() {
@@ -309,9 +316,7 @@ bool ViewKit::eventFilter(QObject* watched, QEvent* event) {
   lastKey_ = identity;
   const KeyStroke key = ToKeyStroke(keyEvent);
   bool handled = false;
-  running_ = true;
-  boundary_.Run(logic_, [&] { handled = logic_.KeyDown(key); });
-  running_ = false;
+  RunThroughBoundary([&] { handled = logic_.KeyDown(key); });
   // A key the screen did not take belongs to the widget: nothing is rendered over what it is
   // doing. The editor it was typed into is closed, though: the key goes no further.
   if (!handled) return editClosed;

@@ -69,6 +69,8 @@ class ViewKit : public QObject {
   QWidget* MakeWidget(const std::string& name, Control& control);
   QWidget* MakeGrid(const std::string& name, Control& control);
   void RenderOne(QWidget* widget, const Control& control);
+  // The command through the boundary, marked as running while it runs.
+  void RunThroughBoundary(const std::function<void()>& handler);
   // After a command: the state it left shown, the dialog closed if it closed, the focus put.
   void ShowWhatTheCommandLeft();
   // Every screen shown, the main one first: a dialog's command changes the screens under it.

@@ -4,27 +4,16 @@
 #include <sys/mount.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
 #include "Program.h"
 #include "Recalculate.h"
+#include "SmallDisk.h"
 #include "StudyMaker.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// A small disk of its own at `at`, or false where the machine does not allow one.
-bool MountSmallDisk(const fs::path& at, const char* size) {
-  return ::mount("tmpfs", at.c_str(), "tmpfs", 0, size) == 0;
-}
-
-void FillDisk(const fs::path& disk) {
-  std::ofstream filler(disk / "filler", std::ios::binary);
-  const std::string block(4096, 'x');
-  while (filler.write(block.data(), static_cast<std::streamsize>(block.size()))) filler.flush();
-}
 
 std::vector<std::string> NamesIn(const fs::path& folder) {
   std::vector<std::string> names;
@@ -39,8 +28,7 @@ TEST(BatchFaultsTest, AFullTemporaryFolderEndsWithAMessageAndLeavesNothingThere)
   Workspace ws(home.Path());
   ws.SetPauseMilliseconds(0);
   const auto study = MakeStudyOfCopies(ws, "Μ", 1, {"1000"}, "II/905");
-  if (!MountSmallDisk(temporary.Path(), "size=16k"))
-    GTEST_SKIP() << "no small disk can be mounted here (needs the right to mount)";
+  if (!MountSmallDisk(temporary.Path(), "size=16k")) GTEST_SKIP() << kNoSmallDisk;
   FillDisk(temporary.Path());
   const char* old = std::getenv("TMPDIR");
   const std::string kept = old ? old : "";
@@ -59,8 +47,7 @@ TEST(BatchFaultsTest, AFullTemporaryFolderEndsWithAMessageAndLeavesNothingThere)
 
 TEST(BatchFaultsTest, ARecalculationThatWritesNothingWorksInAReadOnlyProgramFolder) {
   TempFolder home;
-  if (!MountSmallDisk(home.Path(), "size=1m"))
-    GTEST_SKIP() << "no small disk can be mounted here (needs the right to mount)";
+  if (!MountSmallDisk(home.Path(), "size=1m")) GTEST_SKIP() << kNoSmallDisk;
   fs::path study;
   {
     WriteStartFiles(home.Path());

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "InstanceLock.h"
+#include "SmallDisk.h"
 #include "TempFolder.h"
 
 namespace {
@@ -107,8 +108,7 @@ TEST(InstanceLockTest, ACopyOnAnotherMachineIsNamedAndCanBeTakenOver) {
 TEST(InstanceLockTest, AFullDiskIsToldAsFull) {
   TempFolder disk;
   // A disk with no room for one more file.
-  if (::mount("tmpfs", disk.Path().c_str(), "tmpfs", 0, "size=64k,nr_inodes=1") != 0)
-    GTEST_SKIP() << "no small disk can be mounted here (needs the right to mount)";
+  if (!MountSmallDisk(disk.Path(), "size=64k,nr_inodes=1")) GTEST_SKIP() << kNoSmallDisk;
   const InstanceLock::State state = InstanceLock(disk.Path()).Status();
   ::umount(disk.Path().c_str());
   EXPECT_EQ(state, InstanceLock::State::DiskFull);

@@ -3,28 +3,20 @@
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 
-#include <fstream>
-
 #include "MainScreen.h"
+#include "SmallDisk.h"
 
 namespace {
 
 class DiskFullTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    if (::mount("tmpfs", disk.Path().c_str(), "tmpfs", 0, "size=256k") != 0)
-      GTEST_SKIP() << "no small disk can be mounted here (needs the right to mount)";
+    if (!MountSmallDisk(disk.Path(), "size=256k")) GTEST_SKIP() << kNoSmallDisk;
     mounted = true;
   }
   void TearDown() override {
     screen.reset();
     if (mounted) ::umount(disk.Path().c_str());
-  }
-  // Fills the disk to its last block.
-  void Fill() {
-    std::ofstream filler(disk / "filler", std::ios::binary);
-    const std::string block(4096, 'x');
-    while (filler.write(block.data(), static_cast<std::streamsize>(block.size()))) filler.flush();
   }
   TempFolder disk;
   bool mounted = false;
@@ -44,7 +36,7 @@ TEST_F(DiskFullTest, ASheetAddedOnAFullDiskIsUndoneInTheFilesOwnRoom) {
   s.Key(KeyCode::F10);
   const std::string sheets = ReadAllBytes(disk / "SHEETS.TMP");
   const std::string loops = ReadAllBytes(disk / "LOOPS.TMP");
-  Fill();
+  FillDisk(disk.Path());
   s.prompter.Clear();
   EXPECT_FALSE(s.Run([&] { s.form->SaveTemporarData(); }));
   ASSERT_FALSE(s.prompter.History().empty());

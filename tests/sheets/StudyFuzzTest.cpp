@@ -14,12 +14,20 @@ namespace {
 
 constexpr int kInputs = 300;
 
-// Where the singles and the texts of each record stand: offset, and width for a text.
-constexpr int kSheetSingles[] = {140, 152, 156, 160, 164, 168, 172, 176, 180, 184, 188, 192};
-constexpr std::pair<int, int> kSheetTexts[] = {{2, 78}, {80, 30}, {110, 30}, {144, 8}};
-constexpr int kLoopSingles[] = {208, 212, 216, 220, 224, 228, 232, 266, 270, 274, 278};
-constexpr std::pair<int, int> kLoopTexts[] = {{2, 78},  {80, 30},  {163, 30}, {193, 8},
-                                              {203, 5}, {236, 15}, {251, 15}};
+// Where the fields of one kind stand in a record of T: offset and width, from its layout.
+template <class T>
+std::vector<std::pair<int, int>> FieldsOf(FieldKind kind) {
+  std::vector<std::pair<int, int>> fields;
+  for (const auto& f : RecordLayoutOf<T>::Value.Fields)
+    if (f.Kind == kind) fields.emplace_back(static_cast<int>(f.Offset), static_cast<int>(f.Width));
+  return fields;
+}
+const auto kSheetSingles = FieldsOf<SheetRecord>(FieldKind::F32);
+const auto kSheetTexts = FieldsOf<SheetRecord>(FieldKind::Text);
+const auto kLoopSingles = FieldsOf<LoopRecord>(FieldKind::F32);
+const auto kLoopTexts = FieldsOf<LoopRecord>(FieldKind::Text);
+constexpr int kSheetLength = static_cast<int>(SheetRecordLayout.RecordLength);
+constexpr int kLoopLength = static_cast<int>(LoopRecordLayout.RecordLength);
 // Control characters and the bytes code page 1253 leaves undefined.
 constexpr unsigned char kOddBytes[] = {0x00, 0x07, 0x0A, 0x0D, 0x1A, 0x1F, 0x7F, 0x81,
                                        0x88, 0x8A, 0x8C, 0x8D, 0x8E, 0x8F, 0x90, 0x98,
@@ -52,11 +60,12 @@ class Mutator {
           break;
         }
         case 3:  // a single no program writes
-          PutSingle(file, isSheets ? 196 : 298,
-                    isSheets ? Pick(kSheetSingles) : Pick(kLoopSingles));
+          PutSingle(file, isSheets ? kSheetLength : kLoopLength,
+                    (isSheets ? Pick(kSheetSingles) : Pick(kLoopSingles)).first);
           break;
         default:  // odd bytes in a text
-          PutText(file, isSheets ? 196 : 298, isSheets ? Pick(kSheetTexts) : Pick(kLoopTexts));
+          PutText(file, isSheets ? kSheetLength : kLoopLength,
+                  isSheets ? Pick(kSheetTexts) : Pick(kLoopTexts));
       }
     }
   }
@@ -65,6 +74,9 @@ class Mutator {
   template <class T, std::size_t N>
   T Pick(const T (&from)[N]) {
     return from[Below(static_cast<int>(N))];
+  }
+  std::pair<int, int> Pick(const std::vector<std::pair<int, int>>& from) {
+    return from[Below(static_cast<int>(from.size()))];
   }
   void PutSingle(std::string& file, int length, int offset) {
     const float values[] = {std::numeric_limits<float>::infinity(),
