@@ -46,10 +46,28 @@ bool IsFile(const fs::path& path) {
   return fs::is_regular_file(path, ec);
 }
 
+FaultCode WhyNotAFile(const fs::path& path) {
+  std::error_code ec;
+  const fs::file_status status = fs::status(path, ec);
+  if (fs::is_regular_file(status)) return FaultCode::Internal;
+  if (ec && status.type() != fs::file_type::not_found) return FaultOf(ec, FaultCode::FileNotFound);
+  return fs::exists(status) ? FaultCode::PathFileAccess : FaultCode::FileNotFound;
+}
+
+void RequireFile(const fs::path& path, const std::string& detail) {
+  if (IsFile(path)) return;
+  const FaultCode why = WhyNotAFile(path);
+  throw RuntimeFault(why, why == FaultCode::PathFileAccess ? detail + " (δεν είναι αρχείο)" : detail);
+}
+
 std::vector<std::string> FilesOf(const fs::path& folder) {
   std::vector<std::string> names;
   std::error_code ec;
   fs::directory_iterator it(folder, ec);
+  // A folder that is not there holds no files; one that is there but cannot be read is a
+  // fault of its own, not an empty folder.
+  if (ec && ec != std::errc::no_such_file_or_directory)
+    throw RuntimeFault(FaultOf(ec, FaultCode::PathNotFound), "Φάκελος " + ToUtf8(folder));
   for (; !ec && it != fs::directory_iterator(); it.increment(ec)) {
     std::error_code typeError;
     if (it->is_regular_file(typeError)) names.push_back(NameOf(it->path()));

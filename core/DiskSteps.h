@@ -28,7 +28,14 @@ FaultCode FaultOf(const std::error_code& ec, FaultCode whenMissing);
 bool PathPresent(const std::filesystem::path& path);
 bool IsFile(const std::filesystem::path& path);
 
-// The names of the regular files of a folder (none when it cannot be read), unordered.
+// Why the path is not a regular file: not there, out of reach (a folder on the way that cannot
+// be searched), or something else stands there. Internal when it is one.
+FaultCode WhyNotAFile(const std::filesystem::path& path);
+// Throws that fault, naming `detail`, unless the path is a regular file.
+void RequireFile(const std::filesystem::path& path, const std::string& detail);
+
+// The names of the regular files of a folder (none when there is no such folder), unordered.
+// A folder that cannot be read is a fault.
 std::vector<std::string> FilesOf(const std::filesystem::path& folder);
 
 // The whole of a file, or nothing when there is none. What is not a regular file (a pipe, a

@@ -101,7 +101,7 @@ void Workspace::CopyAsOneSet(const std::vector<std::pair<std::string, std::strin
       Pause();
       const fs::path source = PathOf(copies[i].first);
       const std::string detail = copies[i].first + " → " + copies[i].second;
-      if (!IsFile(source)) throw RuntimeFault(FaultCode::FileNotFound, detail);
+      disk::RequireFile(source, detail);
       BeforeModify(targets[i]);
       const fs::path made = WithSuffix(targets[i], kNewSuffix);
       RemoveQuietly(made);

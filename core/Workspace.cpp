@@ -174,7 +174,8 @@ Workspace::Workspace(fs::path programFolder, Access access) : pauseMs_(PauseFrom
   folder_ = (ec ? programFolder : absolute).lexically_normal();
   if (access == Access::ReadOnly) {
     if (!fs::is_directory(folder_, ec))
-      throw RuntimeFault(FaultCode::PathNotFound, "Φάκελος " + ToUtf8(folder_));
+      throw RuntimeFault(ec ? FaultOf(ec, FaultCode::PathNotFound) : FaultCode::PathNotFound,
+                         "Φάκελος " + ToUtf8(folder_));
     return;
   }
   MakeFolder(folder_);
@@ -261,6 +262,10 @@ std::pair<int16_t, uint64_t> Workspace::FileExistsAndSize(std::string_view name)
   return {-1, size};
 }
 
+void Workspace::RequireFile(std::string_view name) const {
+  disk::RequireFile(PathOf(name), std::string(name));
+}
+
 std::optional<fs::file_time_type> Workspace::LastWriteTime(std::string_view name) const {
   std::error_code ec;
   const fs::file_time_type time = fs::last_write_time(PathOf(name), ec);
@@ -298,7 +303,7 @@ void Workspace::Copy(std::string_view from, std::string_view to, bool ignoreErro
   try {
     const fs::path source = PathOf(from);
     const fs::path target = PathOf(to);
-    if (!IsFile(source)) throw RuntimeFault(FaultCode::FileNotFound, detail);
+    disk::RequireFile(source, detail);
     BeforeModify(target);
     std::error_code ec;
     fs::copy_file(source, target, fs::copy_options::overwrite_existing, ec);
@@ -353,7 +358,7 @@ void Workspace::CopySafely(std::string_view from, std::string_view to) {
   Pause();
   const fs::path source = PathOf(from);
   const std::string detail = std::string(from) + " → " + std::string(to);
-  if (!IsFile(source)) throw RuntimeFault(FaultCode::FileNotFound, detail);
+  disk::RequireFile(source, detail);
   Rewrite(to, [&](const fs::path& second) {
     std::error_code ec;
     fs::copy_file(source, second, fs::copy_options::overwrite_existing, ec);

@@ -49,6 +49,9 @@ class Workspace : public FileJournal {
   int16_t FileExists(std::string_view name) const;
   // The same with the byte length (0 when absent).
   std::pair<int16_t, uint64_t> FileExistsAndSize(std::string_view name) const;
+  // Throws the fault that says why a file is not there to read: missing, out of reach, or not
+  // a file.
+  void RequireFile(std::string_view name) const;
 
   // The last-write time of a file, and putting it back (a rewrite that must not look like an
   // edit). A missing file gives nullopt; setting the time of a missing file does nothing.

@@ -119,10 +119,10 @@ void FrmRavolin::ClassicOpenFile_M() {
 // that is not one is refused with a message, and the study on the screen stays.
 bool FrmRavolin::LooksLikeAStudy(const std::string& fileName) {
   const auto [sheetsExist, sheetsSize] = ws_.FileExistsAndSize(fileName);
-  if (!sheetsExist) throw RuntimeFault(FaultCode::FileNotFound, fileName);
+  if (!sheetsExist) ws_.RequireFile(fileName);
   const std::string loops = SisterFile(fileName, kLoopsExtension);
   const auto [loopsExist, loopsSize] = ws_.FileExistsAndSize(loops);
-  if (!loopsExist) throw RuntimeFault(FaultCode::FileNotFound, loops);
+  if (!loopsExist) ws_.RequireFile(loops);
   const bool whole = sheetsSize > 0 && sheetsSize % SheetRecordLayout.RecordLength == 0 &&
                      loopsSize % LoopRecordLayout.RecordLength == 0 &&
                      loopsSize / LoopRecordLayout.RecordLength >=

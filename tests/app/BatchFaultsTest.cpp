@@ -1,11 +1,13 @@
 // The batch run on a bad day: a temporary folder with no room, a program folder that cannot be
 // written. It ends with status 2 and a Greek message, or does its work, and never aborts.
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 
 #include <cstdlib>
 #include <sstream>
 
+#include "BoundByPermissions.h"
 #include "Program.h"
 #include "Recalculate.h"
 #include "SmallDisk.h"
@@ -67,6 +69,58 @@ TEST(BatchFaultsTest, ARecalculationThatWritesNothingWorksInAReadOnlyProgramFold
   EXPECT_TRUE(prompter.History().empty());
   EXPECT_EQ(status, 0) << err.str();
   EXPECT_NE(out.str().find("ΦΥΛΛΟ\t2"), std::string::npos);
+}
+
+// What the engineer may not read is reported as such, by name, never as "not found"; the
+// temporary folder goes with the run.
+TEST(BatchFaultsTest, WhatCannotBeReadIsNamedAndNotCalledMissing) {
+  const struct {
+    std::string locked;  // from the program folder; empty for the folder itself
+    fs::perms perms;
+    std::string named;
+  } cases[] = {
+      {"~Basic.dl", fs::perms::none, "~Basic.dl"},
+      {kSectionFamilyFile, fs::perms::none, kSectionFamilyFile},
+      {"RavoPipes.txt", fs::perms::none, "RavoPipes.txt"},
+      {"RVLFiles", fs::perms::none, "Μ.sht"},
+      {"", fs::perms::owner_write | fs::perms::owner_exec | fs::perms::group_write |
+               fs::perms::group_exec | fs::perms::others_write | fs::perms::others_exec,
+       "Φάκελος"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.locked);
+    TempFolder home, temporary;
+    WriteStartFiles(home.Path());
+    fs::path study;
+    {
+      Workspace ws(home.Path());
+      ws.SetPauseMilliseconds(0);
+      study = MakeStudyOfCopies(ws, "Μ", 1, {"1000"}, "II/905");
+    }
+    for (const fs::path& folder : {home.Path(), temporary.Path()})
+      for (const auto& entry : fs::recursive_directory_iterator(folder))
+        fs::permissions(entry.path(), fs::perms::all);
+    fs::permissions(home.Path(), fs::perms::all);
+    fs::permissions(temporary.Path(), fs::perms::all);
+    fs::permissions(home / c.locked, c.perms);
+    const ChildRun run = RunBoundByPermissions([&](std::ostream& report) {
+      ::setenv("TMPDIR", temporary.Path().c_str(), 1);
+      Workspace ws(home.Path());
+      ws.SetPauseMilliseconds(0);
+      Options options;
+      options.Recalculate = study.string();
+      std::ostringstream out;
+      const int status = Recalculate(options, ws, out, report);
+      return status;
+    });
+    fs::permissions(home.Path(), fs::perms::all);
+    fs::permissions(home / c.locked, fs::perms::all);
+    EXPECT_EQ(run.status, 2) << run.output;
+    EXPECT_NE(run.output.find("Δεν επιτρέπεται η πρόσβαση"), std::string::npos) << run.output;
+    EXPECT_NE(run.output.find(c.named), std::string::npos) << run.output;
+    EXPECT_EQ(run.output.find("δεν βρέθηκε"), std::string::npos) << run.output;
+    EXPECT_EQ(NamesIn(temporary.Path()), std::vector<std::string>{});
+  }
 }
 
 }  // namespace
