@@ -15,7 +15,11 @@ FilteredLineEdit::FilteredLineEdit(Field& field, TextBoxEvents events, Runner ru
 
 void FilteredLineEdit::Render() {
   const QString text = QString::fromStdString(field_.Text);
-  if (this->text() != text) setText(text);
+  if (this->text() != text) {
+    setText(text);
+    // A box the engineer is not typing in shows the start of a text too long for it.
+    if (!hasFocus()) setCursorPosition(0);
+  }
   setEnabled(field_.Enabled);
   setVisible(field_.Visible);
   // Setting the length again would drop the selection.
@@ -80,5 +84,6 @@ void FilteredLineEdit::focusOutEvent(QFocusEvent* event) {
   if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason)
     return;
   field_.Text = text().toStdString();
+  if (!field_.Text.empty()) setCursorPosition(0);
   if (events_.LostFocus) run_(events_.LostFocus);
 }
