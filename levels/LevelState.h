@@ -22,6 +22,15 @@ struct LevelState {
   int16_t CurrentLevel = 1;
   int16_t BoilerLevel = kBoilerBelowFirstLevel;
   std::string PumpSide = kPumpInSupply;
+  // Set while the levels hold entries that are being corrected, not entered for the first time.
+  int16_t Correction = 0;
+  // Minus the number of sheets on no level; 0 when every sheet has one.
+  int16_t UnusedSheets = 0;
+  // A study of one level: its flag, all its sheets and their totals.
+  int16_t SingleLevel = 0;
+  std::string AllSheets;
+  float TotalLoad = 0, TotalOutput = 0, TotalFlow = 0, TotalWorstDrop = 0;
+  int16_t TotalWorstSheet = 0;
   // The record buffer the levels' screens share: a record read by one screen is what the next
   // write of another puts, for the fields it does not set itself.
   LevelRecord Floor;
