@@ -44,6 +44,9 @@ const std::vector<MessageEntry<LevelMessage>>& LevelMessageTable() {
                  "... Αν έχετε - ήδη - καταχωρήσεις Δεδομένων για Κατακόρυφους Τροφοδοτικούς "
                  "Σωλήνες, τα Δεδομένα αυτά θα χαθούν !..."},
                 Answer::Yes)},
+      {TwoDecimalSeparators,
+       NoticeBox("!!... ΠΡΟΣΟΧΗ : Απαράδεκτη Καταχώρηση ...!!",
+                 {"!! Περισσότερες από μια Υποδιαστολές !!"}, MessageIcon::Critical)},
   };
   return table;
 }

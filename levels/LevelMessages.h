@@ -11,6 +11,7 @@ enum class LevelMessage : int16_t {
   ResetDistribution = 2,  // the sheets leave their levels, lengths and fittings stay
   LevelsWithoutLoops = 3,
   UnusedSheets = 4,       // the count stands in the second line
+  TwoDecimalSeparators = 5,
 };
 
 const std::vector<MessageEntry<LevelMessage>>& LevelMessageTable();

@@ -3,6 +3,7 @@
 // riser piece that reaches it; in the derived network files a record is one network section.
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "RecordLayout.h"
 #include "WorkingFile.h"
@@ -86,6 +87,10 @@ struct RecordLayoutOf<LevelRecord> {
 
 // The heated levels of the study, one record each.
 inline constexpr WorkingFile<LevelRecord> FloorsFile{kFloorsFile};
+
+// The start and end node of a section name, as its left and right three characters trimmed.
+// The name reads back without its blanks ("  1/2  " as "1/2"); the "/" puts it back in place.
+std::pair<std::string, std::string> SectionNodes(const std::string& sectionName);
 
 // Zeroes every number and blanks every text of the record, the reserved bytes included.
 void ClearFloorRecord(LevelRecord& record);

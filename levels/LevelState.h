@@ -26,6 +26,10 @@ struct LevelState {
   int16_t Correction = 0;
   // Minus the number of sheets on no level; 0 when every sheet has one.
   int16_t UnusedSheets = 0;
+  // The fittings screen changed the fittings of its level.
+  bool FittingsChanged = false;
+  // The last choice of the fittings screen's "same as" list, kept between its openings.
+  int SameIndex = -1;
   // A study of one level: its flag, all its sheets and their totals.
   int16_t SingleLevel = 0;
   std::string AllSheets;
