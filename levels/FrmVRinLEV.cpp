@@ -191,32 +191,38 @@ void FrmVRinLEV::PutLevelList(int16_t level, const std::string& list, bool keepO
   FocusOn(CboLevels);
 }
 
+bool FrmVRinLEV::GuardsPass(const ListBox& from) {
+  if (!LstVroxoi.Enabled) {
+    FocusOn(CboLevels);
+    return false;
+  }
+  if (CboLevels.Index < 0) {
+    CboLevels.Items.empty() ? FocusOn(TxtLevels) : FocusOn(CboLevels);
+    return false;
+  }
+  return from.SelectedIndex() >= 0;
+}
+
+std::vector<std::string> FrmVRinLEV::MoveSelected(ListBox& from, ListBox& to) {
+  std::vector<std::string> moved, stay, grown = to.Items;
+  for (std::size_t i = 0; i < from.Items.size(); ++i)
+    (from.Selected[i] ? moved : stay).push_back(from.Items[i]);
+  grown.insert(grown.end(), moved.begin(), moved.end());
+  to.SetItems(std::move(grown));
+  from.SetItems(stay);
+  return moved;
+}
+
 void FrmVRinLEV::CmdGive_Click() {
-  if (!LstVroxoi.Enabled) return FocusOn(CboLevels);
-  if (CboLevels.Index < 0) return CboLevels.Items.empty() ? FocusOn(TxtLevels) : FocusOn(CboLevels);
-  if (LstVroxoi.SelectedIndex() < 0) return;
-  std::vector<std::string> given, kept;
-  for (std::size_t i = 0; i < LstVroxoi.Items.size(); ++i)
-    (LstVroxoi.Selected[i] ? given : kept).push_back(LstVroxoi.Items[i]);
-  std::vector<std::string> used = LstUsedVroxoi.Items;
-  used.insert(used.end(), given.begin(), given.end());
-  LstUsedVroxoi.SetItems(std::move(used));
-  LstVroxoi.SetItems(std::move(kept));
+  if (!GuardsPass(LstVroxoi)) return;
+  const std::vector<std::string> given = MoveSelected(LstVroxoi, LstUsedVroxoi);
   PutLevelList(NumberOf(CboLevels.Text()), Joined(given), true);
 }
 
 void FrmVRinLEV::CmdTakeBack_Click() {
-  if (!LstVroxoi.Enabled) return FocusOn(CboLevels);
-  if (CboLevels.Index < 0) return CboLevels.Items.empty() ? FocusOn(TxtLevels) : FocusOn(CboLevels);
-  if (LstUsedVroxoi.SelectedIndex() < 0) return;
-  std::vector<std::string> back, stay;
-  for (std::size_t i = 0; i < LstUsedVroxoi.Items.size(); ++i)
-    (LstUsedVroxoi.Selected[i] ? back : stay).push_back(LstUsedVroxoi.Items[i]);
-  std::vector<std::string> free = LstVroxoi.Items;
-  free.insert(free.end(), back.begin(), back.end());
-  LstVroxoi.SetItems(std::move(free));
-  LstUsedVroxoi.SetItems(stay);
-  PutLevelList(NumberOf(CboLevels.Text()), Joined(stay), false);
+  if (!GuardsPass(LstUsedVroxoi)) return;
+  MoveSelected(LstUsedVroxoi, LstVroxoi);
+  PutLevelList(NumberOf(CboLevels.Text()), Joined(LstUsedVroxoi.Items), false);
 }
 
 void FrmVRinLEV::CmdReset_Click() {

@@ -53,6 +53,11 @@ class FrmVRinLEV : public Dialog<FrmVRinLEV> {
   std::vector<std::string> AllSheetEntries() const;
   int16_t LevelsTyped() const;
   void ChooseFirstLevel();
+  // The tests of give and take-back: false when a step is refused (the focus moved) or no entry
+  // of `from` is selected.
+  bool GuardsPass(const ListBox& from);
+  // Moves the selected entries of `from` to the end of `to`; gives the moved ones.
+  static std::vector<std::string> MoveSelected(ListBox& from, ListBox& to);
   // The focus after a refused step: the levels list, or the number when that is still 0.
   void FocusBack();
   // Stores `list` as the current level's sheets, sorted, with the study's title.
