@@ -9,7 +9,6 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
@@ -181,44 +180,19 @@ TEST_F(GridTypingTest, TheAddingDialogsRowsShowOnTheMainScreenWhileItIsOpen) {
   EXPECT_TRUE(below);
 }
 
-// The main screen with real message boxes, each answered with Enter.
-class BoxesTest : public MainViewTest<QtPrompter> {
- protected:
-  BoxesTest() { Header(); }
-  // Presses the key on the focused widget and answers every box it raises with Enter.
-  void KeyAnsweringBoxes(Qt::Key key) {
-    answer = [this] {
-      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-        ++boxes;
-        QTest::keyClick(box, Qt::Key_Return);
-      }
-      if (waiting) QTimer::singleShot(10, answer);
-    };
-    waiting = true;
-    QTimer::singleShot(0, answer);
-    QTest::keyClick(QApplication::focusWidget(), key);
-    waiting = false;
-    QTest::qWait(30);
-  }
-  GridView* grid = view.Kit().Widget<GridView>("Grid");
-  std::function<void()> answer;
-  bool waiting = false;
-  int boxes = 0;
-};
-
 // A command started by a key while a cell editor is open raises a box; Enter on the box ends
 // it, and the grid goes on taking keys.
+using BoxesTest = MainViewTest<QtPrompter>;
 TEST_F(BoxesTest, EnterOnABoxRaisedFromTheKeyboardReachesOnlyLiveWidgets) {
-  for (const auto& [col, text] :
-       {std::pair{1, "1"}, {2, "99999999999999"}, {3, "20"}, {10, "II/905"}})
-    logic.Grid.SetText(1, col, text);
-  view.Kit().Render();
+  Header();
+  Row(1, "99999999999999");
+  auto* grid = view.Kit().Widget<GridView>("Grid");
   grid->setFocus();
   grid->setCurrentIndex(grid->model()->index(2, 1));
   grid->edit(grid->currentIndex());
   ASSERT_NE(grid->OpenEditor(), nullptr);
-  KeyAnsweringBoxes(Qt::Key_F10);
-  EXPECT_EQ(boxes, 1);
+  EXPECT_EQ(AnswerBoxesWithEnter([] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10); }),
+            1);
   EXPECT_EQ(grid->OpenEditor(), nullptr);
   EXPECT_EQ(logic.Grid.Text(1, 11), "");
   view.activateWindow();

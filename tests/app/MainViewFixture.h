@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 #include "FakePlatform.h"
 #include "FrmRavolinView.h"
@@ -24,6 +27,27 @@ inline std::string ShownText(const QWidget* widget) {
   if (auto* button = qobject_cast<const QAbstractButton*>(widget))
     return button->text().toStdString();
   return "(no text)";
+}
+
+// Runs `act`, answering with Enter every message box it raises; `onBox` sees each box first.
+// Gives the number of boxes.
+inline int AnswerBoxesWithEnter(const std::function<void()>& act,
+                                const std::function<void()>& onBox = {}) {
+  int boxes = 0;
+  bool waiting = true;
+  std::function<void()> answer = [&] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      ++boxes;
+      if (onBox) onBox();
+      QTest::keyClick(box, Qt::Key_Return);
+    }
+    if (waiting) QTimer::singleShot(10, answer);
+  };
+  QTimer::singleShot(0, answer);
+  act();
+  waiting = false;
+  QTest::qWait(30);
+  return boxes;
 }
 
 // `P` shows the boxes: scripted answers, or real boxes on the screen.

@@ -2,11 +2,8 @@
 // logic's state and every click reaches its handler.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 
 #include "ClientRecord.h"
 #include "FrmCLPassView.h"
@@ -89,15 +86,8 @@ TEST_F(NamesBoxesTest, TheListBehindABoxShowsWhatTheCommandDidSoFar) {
   Click("Cmd_New");
   TypeText(Find("Txt_Client"), QStringLiteral("Γ. Γεωργίου"));
   std::vector<int> shownNames;
-  std::function<void()> answer = [&] {
-    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-      shownNames.push_back(Find<QListWidget>("Lst_Names")->count());
-      QTest::keyClick(box, Qt::Key_Return);  // yes: add it, and choose it
-    }
-    if (!names.Closed()) QTimer::singleShot(10, answer);
-  };
-  QTimer::singleShot(0, answer);
-  Click("Cmd_OK");
+  AnswerBoxesWithEnter([this] { Click("Cmd_OK"); },  // yes: add it, and choose it
+                       [&] { shownNames.push_back(Find<QListWidget>("Lst_Names")->count()); });
   EXPECT_EQ(shownNames, (std::vector<int>{2, 3}));
   EXPECT_EQ(state.CurrentEngineer, "Γ. Γεωργίου");
 }
