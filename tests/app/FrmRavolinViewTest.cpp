@@ -146,32 +146,16 @@ TEST_F(ViewTest, TheEngineerButtonOpensTheNamesList) {
   EXPECT_EQ(opened, 1);
 }
 
-TEST_F(ViewTest, TheAddingDialogShowsItsFieldsAndAddsThroughTheLogic) {
+TEST_F(ViewTest, ShiftTabInTheAddingDialogGoesBackInTheOrderOfTheFields) {
   FrmRavoAdd add(logic, state, prompter, screens);
   FrmRavoAddView dialog(add, boundary, &view);
   dialog.show();
-  EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-  if (const char* shot = std::getenv("RAVO_SHOT")) dialog.grab().save(QString::fromUtf8(shot));
-  EXPECT_LE(dialog.frameGeometry().width(), 1024);
-  EXPECT_EQ(dialog.windowTitle().toStdString(), FrmRavoAdd::kCaption);
-  EXPECT_EQ(ShownText(dialog.Kit().Widget("CboRoomTemp")), "20");
-  QWidget* added = dialog.Kit().Widget("TxtAdded");
-  QWidget* name = dialog.Kit().Widget("TxtSomaName");
-  for (const auto& [box, typed] : {std::pair{added, "12a5"}, {name, "WC-ROOM"}}) {
-    box->setFocus();
-    QTest::keyClicks(box, typed);
-  }
-  EXPECT_EQ(ShownText(added) + "|" + ShownText(name), "125|WC-RO");
-  dialog.activateWindow();  // Shift-Tab goes back to the load, in the order of the fields
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  dialog.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-  name->setFocus();
-  QTest::keyClick(name, Qt::Key_Backtab, Qt::ShiftModifier);
-  EXPECT_EQ(QApplication::focusWidget(), added);
-  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
-  EXPECT_EQ(logic.Grid.Text(1, 1) + "|" + logic.Grid.Text(1, 2), "WC-RO|125");
-  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdCancel")), Qt::LeftButton);
-  EXPECT_TRUE(add.Closed());
-  EXPECT_FALSE(dialog.isVisible());
+  dialog.Kit().Widget("TxtSomaName")->setFocus();
+  QTest::keyClick(dialog.Kit().Widget("TxtSomaName"), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::focusWidget(), dialog.Kit().Widget("TxtAdded"));
 }
 
 TEST_F(ViewTest, TheSheetsListSelectsThroughTheLogicAndCopies) {

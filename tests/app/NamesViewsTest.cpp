@@ -51,7 +51,6 @@ class NamesView : public ::testing::Test {
 using NamesViewTest = NamesView<ScriptedPrompter>;
 
 TEST_F(NamesViewTest, TheListShowsTheNamesTheEngineerAndAMaskedPassword) {
-  if (const char* shot = std::getenv("RAVO_SHOT")) view.grab().save(QString::fromUtf8(shot));
   EXPECT_LE(view.frameGeometry().width(), 1024);
   EXPECT_EQ(view.windowTitle().toStdString(), FrmCLient::kCaption);
   ASSERT_EQ(Find<QListWidget>("Lst_Names")->count(), 2);
