@@ -3,14 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QComboBox>
-#include <QDialog>
 #include <QHeaderView>
-#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
 
 #include "FilteredLineEdit.h"
 #include "FrmOldStudyView.h"
@@ -24,170 +19,148 @@
 
 namespace {
 
-TEST_F(ViewTest, ShowsTheLogicsCaptionFieldsAndGrid) {
+TEST_F(ViewTest, ShowsTheLogicsStateAndAFamilyPickedTakesTheWorkingCopy) {
   EXPECT_EQ(view.windowTitle().toStdString(), FrmRavolin::kCaption);
-  EXPECT_EQ(view.Kit().Widget<FilteredLineEdit>("TxtThema")->text().toStdString(),
-            "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
-  EXPECT_EQ(view.Kit().Widget<FilteredLineEdit>("TxtOrigTemp")->text(), QStringLiteral("85"));
-  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboPipes")->count(), 2);
-  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboPipes")->currentText(), QStringLiteral("Φ16x1"));
-  QAbstractItemModel* model = view.Kit().Widget<QTableView>("Grid")->model();
-  EXPECT_EQ(model->rowCount(), 8);
-  EXPECT_EQ(model->columnCount(), 14);
+  EXPECT_EQ(Shows("TxtThema") + "|" + Shows("TxtOrigTemp") + "|" + Shows("CboPipes"),
+            "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ|85|Φ16x1");
+  EXPECT_EQ(Find<QComboBox>("CboPipes")->count(), 2);
+  QAbstractItemModel* model = Find<QTableView>("Grid")->model();
+  EXPECT_EQ(std::pair(model->rowCount(), model->columnCount()), std::pair(8, 14));
   EXPECT_EQ(model->headerData(9, Qt::Horizontal).toString(),
             GridModel::HeadForDisplay("ΤΥΠΟΣ ΘΕΡΜΑ- ΝΤΙΚΟΥ ΣΩΜΑ- ΤΟΣ"));
   logic.Grid.SetText(2, 3, "20");
   view.Kit().Render();
   EXPECT_EQ(model->data(model->index(1, 2)).toString(), QStringLiteral("20"));
+  auto* families = Find<QComboBox>("CboSomata");
+  ASSERT_EQ(families->count(), 2);
+  EXPECT_EQ(families->currentText().toStdString(), kSectionFamilyCategory);
+  EXPECT_EQ(families->itemText(1), QStringLiteral("Χαλύβδινα Πάνελ"));
+  emit families->activated(1);
+  EXPECT_EQ(state.SomaCategory, 2);
+  EXPECT_EQ(logic.Grid.List(1, 10), std::vector<std::string>{"22/600"});
 }
 
-TEST_F(ViewTest, TheWindowFitsTheSmallestSupportedDisplayWithCaptionsUnclipped) {
+// Every caption whole and every command with its button and tip, on the smallest display.
+TEST_F(ViewTest, TheWindowFitsTheSmallestDisplayWithEveryCaptionWholeAndEveryTip) {
   EXPECT_LE(view.frameGeometry().width(), 1024);
   EXPECT_LE(view.frameGeometry().height(), 768);
   for (const auto& [name, control] : logic.Controls()) {
-    if (!name.starts_with("Lbl")) continue;
-    auto* label = view.Kit().Widget<QLabel>(name);
-    ASSERT_NE(label, nullptr) << name;
-    EXPECT_GE(label->width(), label->sizeHint().width()) << name;
+    const bool command = control.Kind == ControlKind::Command;
+    if (!command && !name.starts_with("Lbl")) continue;
+    QWidget* widget = Find(name);
+    ASSERT_NE(widget, nullptr) << name;
+    EXPECT_GE(widget->width(), widget->sizeHint().width()) << name;
+    EXPECT_LE(widget->geometry().right(), view.width()) << name;
+    if (command) {
+      EXPECT_EQ(widget->toolTip().toStdString(), control.Tip) << name;
+    }
   }
-  int gridWidth = view.Kit().Widget<QTableView>("Grid")->verticalHeader()->width();
-  for (int col = 0; col < 14; ++col)
-    gridWidth += view.Kit().Widget<QTableView>("Grid")->columnWidth(col);
-  EXPECT_LE(gridWidth, view.Kit().Widget<QTableView>("Grid")->width());
+  auto* grid = Find<QTableView>("Grid");
+  int gridWidth = grid->verticalHeader()->width();
+  for (int col = 0; col < 14; ++col) gridWidth += grid->columnWidth(col);
+  EXPECT_LE(gridWidth, grid->width());
 }
 
 TEST_F(ViewTest, TypingGoesThroughTheFieldsFilterAndLeavingItRunsItsCheck) {
-  FilteredLineEdit* drop = view.Kit().Widget<FilteredLineEdit>("TxtTempDrop");
+  auto* drop = Find<FilteredLineEdit>("TxtTempDrop");
   drop->setFocus();
   QTest::keyClick(drop, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClicks(drop, "1x5");
   EXPECT_EQ(logic.TxtTempDrop.Text, "15");
   QTest::keyClick(drop, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClicks(drop, "7");
-  view.Kit().Widget<FilteredLineEdit>("TxtOwnership")->setFocus();
+  Find("TxtOwnership")->setFocus();
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(drop->text(), QStringLiteral("20"));  // the value it had when it took the focus
 }
 
 TEST_F(ViewTest, F1OpensTheManualWhicheverControlHasTheFocusAndSaysWhenItCannot) {
-  view.Kit().Widget<QTableView>("Grid")->setFocus();
-  QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), Qt::Key_F1);  // no manual: silence
+  QWidget* grid = Find("Grid");
+  QWidget* owner = Find("TxtOwnership");
+  grid->setFocus();
+  QTest::keyClick(grid, Qt::Key_F1);  // no manual: silence
   EXPECT_TRUE(platform.Opened.empty());
   WriteAllBytes(folder / "RM.pdf", "%PDF");
-  QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), Qt::Key_F1);
-  view.Kit().Widget<FilteredLineEdit>("TxtOwnership")->setFocus();
-  QTest::keyClick(view.Kit().Widget<FilteredLineEdit>("TxtOwnership"), Qt::Key_F1);
+  QTest::keyClick(grid, Qt::Key_F1);
+  owner->setFocus();
+  QTest::keyClick(owner, Qt::Key_F1);
   EXPECT_EQ(platform.Opened, (std::vector<std::string>{"RM.pdf", "RM.pdf"}));
   EXPECT_TRUE(prompter.History().empty());
   platform.CanOpenDocuments = false;  // a desktop without a PDF viewer
-  QTest::keyClick(view.Kit().Widget<FilteredLineEdit>("TxtOwnership"), Qt::Key_F1);
+  QTest::keyClick(owner, Qt::Key_F1);
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_EQ(prompter.History()[0].Box.Lines, RavoMessageBox(RavoMessage::ManualNotOpened).Lines);
 }
 
-TEST_F(ViewTest, TheFamiliesComboShowsTheFamiliesAndAPickTakesTheWorkingCopy) {
-  ASSERT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->count(), 2);
-  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->currentText().toStdString(),
-            kSectionFamilyCategory);
-  EXPECT_EQ(view.Kit().Widget<QComboBox>("CboSomata")->itemText(1),
-            QStringLiteral("Χαλύβδινα Πάνελ"));
-  emit view.Kit().Widget<QComboBox>("CboSomata")->activated(1);
-  EXPECT_EQ(state.SomaCategory, 2);
-  EXPECT_EQ(logic.Grid.List(1, 10), std::vector<std::string>{"22/600"});
-}
-
-TEST_F(ViewTest, TheCalculateButtonCarriesItsTipAndCalculates) {
+// A key on the grid or a click on a button reaches its command, and the grid shows at once what
+// the command left.
+TEST_F(ViewTest, KeysAndButtonsReachTheirCommandsAndTheGridShowsWhatTheyLeft) {
   Header();
-  Row(1, "1000");
-  ASSERT_EQ(view.Kit().Widget<QPushButton>("CmdCalc")->toolTip().toStdString(),
-            FrmRavolin::kCalcTip);
-  QTest::mouseClick(view.Kit().Widget<QPushButton>("CmdCalc"), Qt::LeftButton);
-  EXPECT_EQ(logic.Grid.Text(1, 11), "13/II/905");
-  EXPECT_EQ(view.Kit().Widget<QLabel>("TxtFlow")->text(), QStringLiteral("50,0"));
-}
-
-class ViewKeysTest : public ViewTest {
- protected:
-  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    view.Kit().Widget<QTableView>("Grid")->setFocus();
-    QTest::keyClick(view.Kit().Widget<QTableView>("Grid"), key, modifiers);
+  struct Case {
+    const char* What;
+    int Rows;  // 1000 in the first, 800 in the second
+    std::pair<int, int> Active;
+    Qt::Key Key;
+    Qt::KeyboardModifiers Modifiers;
+    const char* Button;  // clicked instead of the key
+    std::pair<int, int> Cell;
+    const char* Shown;
+  } cases[] = {
+      {"number pad minus, yes",
+       2,
+       {1, 1},
+       Qt::Key_Minus,
+       Qt::KeypadModifier,
+       nullptr,
+       {1, 2},
+       "800"},
+      {"F5", 2, {2, 2}, Qt::Key_F5, Qt::NoModifier, nullptr, {2, 2}, "1000"},
+      {"one row up", 2, {2, 1}, Qt::Key_unknown, Qt::NoModifier, "CmdOneRowUp", {1, 2}, "800"},
+      {"calculate", 1, {1, 1}, Qt::Key_unknown, Qt::NoModifier, "CmdCalc", {1, 11}, "13/II/905"},
+  };
+  auto* grid = Find<QTableView>("Grid");
+  prompter.QueueAnswer(Answer::Yes);  // to the question of the removal
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.What);
+    logic.Grid.ClearAll();
+    Row(1, "1000");
+    if (c.Rows == 2) Row(2, "800");
+    logic.Grid.SetActiveCell(c.Active.first, c.Active.second);
+    view.Kit().Render();
+    grid->setFocus();
+    if (c.Button)
+      QTest::mouseClick(Find<QPushButton>(c.Button), Qt::LeftButton);
+    else
+      QTest::keyClick(grid, c.Key, c.Modifiers);
+    EXPECT_EQ(grid->model()->index(c.Cell.first - 1, c.Cell.second - 1).data().toString(),
+              QString::fromUtf8(c.Shown));
   }
-};
-
-TEST_F(ViewKeysTest, TheNumberPadsMinusRemovesTheActiveRadiatorAfterTheQuestion) {
-  Row(1, "1000");
-  Row(2, "800");
-  logic.Grid.SetActiveCell(1, 1);
-  view.Kit().Render();
-  prompter.QueueAnswer(Answer::Yes);
-  Press(Qt::Key_Minus, Qt::KeypadModifier);
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(logic.Grid.Text(1, 2), "800");
-  EXPECT_EQ(logic.Grid.DataRowCount(), 1);
-  EXPECT_EQ(view.Kit().Widget<QLabel>("TxtLoopLoad")->text(), QStringLiteral("800"));
+  EXPECT_EQ(Shows("TxtFlow"), "50,0");
+  EXPECT_EQ(prompter.History().size(), 1u);  // the question, answered
 }
 
-TEST_F(ViewKeysTest, F5CopiesTheRowAbove) {
-  Row(1, "1000");
-  logic.Grid.SetText(2, 1, "2");
-  logic.Grid.SetActiveCell(2, 2);
-  view.Kit().Render();
-  Press(Qt::Key_F5);
-  EXPECT_EQ(logic.Grid.Text(2, 2), "1000");
+TEST_F(ViewTest, TheEngineerButtonOpensTheNamesList) {
+  int opened = 0;
+  screens.Wire(FrmCLient::kName, [&] { ++opened; });
+  QTest::mouseClick(Find<QPushButton>("Cmd_Client"), Qt::LeftButton);
+  EXPECT_EQ(opened, 1);
 }
 
-TEST_F(ViewKeysTest, EveryRowCommandHasItsButtonAndTip) {
-  for (const auto& [name, command] : logic.Controls()) {
-    if (command.Kind != ControlKind::Command || name == "CmdCalc") continue;
-    QPushButton* button = view.Kit().Widget<QPushButton>(name);
-    ASSERT_NE(button, nullptr) << name;
-    EXPECT_EQ(button->toolTip().toStdString(), command.Tip) << name;
-    EXPECT_GE(button->width(), button->sizeHint().width()) << name;  // caption whole
-    EXPECT_LE(button->geometry().right(), view.width()) << name;
-  }
-  Row(1, "1000");
-  Row(2, "800");
-  logic.Grid.SetActiveCell(2, 1);
-  view.Kit().Render();
-  QTest::mouseClick(view.Kit().Widget<QPushButton>("CmdOneRowUp"), Qt::LeftButton);
-  EXPECT_EQ(logic.Grid.Text(1, 2), "800");
-  EXPECT_EQ(logic.Grid.ActiveRow(), 1);
-}
-
-TEST_F(ViewTest, TheAddingDialogShowsItsFieldsAndAddsThroughTheLogic) {
+TEST_F(ViewTest, ShiftTabInTheAddingDialogGoesBackInTheOrderOfTheFields) {
   FrmRavoAdd add(logic, state, prompter, screens);
   FrmRavoAddView dialog(add, boundary, &view);
   dialog.show();
-  EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-  if (const char* shot = std::getenv("RAVO_SHOT")) dialog.grab().save(QString::fromUtf8(shot));
-  EXPECT_LE(dialog.frameGeometry().width(), 1024);
-  EXPECT_EQ(dialog.windowTitle().toStdString(), FrmRavoAdd::kCaption);
-  EXPECT_EQ(dialog.Kit().Widget<QComboBox>("CboRoomTemp")->currentText(), QStringLiteral("20"));
-  FilteredLineEdit* added = dialog.Kit().Widget<FilteredLineEdit>("TxtAdded");
-  added->setFocus();
-  QTest::keyClicks(added, "12a5");
-  EXPECT_EQ(added->text(), QStringLiteral("125"));
-  FilteredLineEdit* name = dialog.Kit().Widget<FilteredLineEdit>("TxtSomaName");
-  name->setFocus();
-  QTest::keyClicks(name, "WC-ROOM");
-  EXPECT_EQ(name->text(), QStringLiteral("WC-RO"));
-  dialog.activateWindow();  // Shift-Tab goes back to the load, in the order of the fields
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  dialog.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-  name->setFocus();
-  QTest::keyClick(name, Qt::Key_Backtab, Qt::ShiftModifier);
-  EXPECT_EQ(QApplication::focusWidget(), added);
-  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
-  EXPECT_EQ(logic.Grid.Text(1, 1), "WC-RO");
-  EXPECT_EQ(logic.Grid.Text(1, 2), "125");
-  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdCancel")), Qt::LeftButton);
-  EXPECT_TRUE(add.Closed());
-  EXPECT_FALSE(dialog.isVisible());
+  dialog.Kit().Widget("TxtSomaName")->setFocus();
+  QTest::keyClick(dialog.Kit().Widget("TxtSomaName"), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::focusWidget(), dialog.Kit().Widget("TxtAdded"));
 }
 
 TEST_F(ViewTest, TheSheetsListSelectsThroughTheLogicAndCopies) {
   LoopRecord row;
-  row.SheetNo = 1;
-  row.RowNo = 1;
+  row.SheetNo = row.RowNo = 1;
   row.SomaNo = "Κ1";
   row.Load = 750;
   row.RoomTemp = 22;
@@ -205,8 +178,7 @@ TEST_F(ViewTest, TheSheetsListSelectsThroughTheLogicAndCopies) {
   EXPECT_EQ(sheets.LstSheets.SelectedIndex(), 0);
   QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
   EXPECT_TRUE(sheets.Accepted());
-  EXPECT_EQ(logic.Grid.Text(1, 2), "750");
-  EXPECT_EQ(logic.Grid.Text(1, 10), "II/655");
+  EXPECT_EQ(logic.Grid.Text(1, 2) + "|" + logic.Grid.Text(1, 10), "750|II/655");
 }
 
 TEST_F(ViewTest, TheOldStudyQuestionAnswersThroughTheLogic) {
@@ -236,7 +208,7 @@ TEST_F(ViewTest, TheStudyBrowserShowsTheStudiesAndTheirFile) {
   EXPECT_EQ(list->item(0)->text(), QStringLiteral("(0001.) Πολυκατοικία οδού Ερμού"));
   list->setCurrentRow(0);
   EXPECT_EQ(browser.LblFileName.Text, "Ερμού.sht");
-  EXPECT_EQ(dialog.Kit().Widget<QLabel>("LblFileName")->text(), QStringLiteral("Ερμού.sht"));
+  EXPECT_EQ(ShownText(dialog.Kit().Widget("LblFileName")), "Ερμού.sht");
   EXPECT_FALSE(browser.Closed());
 }
 

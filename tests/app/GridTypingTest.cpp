@@ -9,12 +9,12 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
 
 #include "FilteredLineEdit.h"
+#include "FrmRavoAdd.h"
 #include "GridView.h"
 #include "MainViewFixture.h"
 #include "QtPrompter.h"
@@ -152,8 +152,8 @@ TEST_F(GridTypingTest, ATenKilobytePasteAndAWindowClosedWhileEditingLoseNothing)
   EXPECT_EQ(logic.Grid.Text(1, 2), "950");
 }
 
-// A dialog's command shows its work on the main screen at once, and the dialog stands below the
-// rows it fills.
+// The number pad's plus opens the adding dialog below the rows it fills: its fields filter what
+// is typed, and its command shows on the main screen at once.
 TEST_F(GridTypingTest, TheAddingDialogsRowsShowOnTheMainScreenWhileItIsOpen) {
   std::string seen;
   bool below = false;
@@ -162,63 +162,42 @@ TEST_F(GridTypingTest, TheAddingDialogsRowsShowOnTheMainScreenWhileItIsOpen) {
   QTimer::singleShot(0, [&] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->windowTitle().toStdString(), FrmRavoAdd::kCaption);
+    EXPECT_LE(dialog->frameGeometry().width(), 1024);
     below = dialog->geometry().top() >= Grid()->mapToGlobal(QPoint(0, 0)).y() + Grid()->height() ||
             dialog->frameGeometry().bottom() >= dialog->screen()->availableGeometry().bottom() - 40;
-    for (const auto& [name, text] : {std::pair{"TxtAdded", "1200"}, {"TxtSomaName", "R1"}}) {
-      auto* box = dialog->findChild<FilteredLineEdit*>(QString::fromUtf8(name));
+    auto* added = dialog->findChild<FilteredLineEdit*>(QStringLiteral("TxtAdded"));
+    auto* name = dialog->findChild<FilteredLineEdit*>(QStringLiteral("TxtSomaName"));
+    for (const auto& [box, text] : {std::pair{added, "12a00"}, {name, "R1-ROOM"}}) {
       box->setFocus();
       QTest::keyClicks(box, text);
     }
     QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("CmdOK")), Qt::LeftButton);
-    seen = Shown(1, 2) + "|" + Shown(1, 1);
+    seen = ShownText(added) + "|" + ShownText(name) + "|" + Shown(1, 2) + "|" + Shown(1, 1);
     repaints = static_cast<int>(gridRepaints.count());
-    dialog->reject();
+    QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("CmdCancel")), Qt::LeftButton);
   });
   Select(1, 1);
   Key(Qt::Key_Plus, Qt::KeypadModifier);
-  EXPECT_EQ(seen, "1200|R1");
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);  // Cancel closed it
+  EXPECT_EQ(seen, "1200|R1-RO|1200|R1-RO");
   EXPECT_GE(repaints, 2);  // the dialog's opening, and its command
   EXPECT_TRUE(below);
 }
 
-// The main screen with real message boxes, each answered with Enter.
-class BoxesTest : public MainViewTest<QtPrompter> {
- protected:
-  BoxesTest() { Header(); }
-  // Presses the key on the focused widget and answers every box it raises with Enter.
-  void KeyAnsweringBoxes(Qt::Key key) {
-    answer = [this] {
-      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-        ++boxes;
-        QTest::keyClick(box, Qt::Key_Return);
-      }
-      if (waiting) QTimer::singleShot(10, answer);
-    };
-    waiting = true;
-    QTimer::singleShot(0, answer);
-    QTest::keyClick(QApplication::focusWidget(), key);
-    waiting = false;
-    QTest::qWait(30);
-  }
-  GridView* grid = view.Kit().Widget<GridView>("Grid");
-  std::function<void()> answer;
-  bool waiting = false;
-  int boxes = 0;
-};
-
 // A command started by a key while a cell editor is open raises a box; Enter on the box ends
 // it, and the grid goes on taking keys.
+using BoxesTest = MainViewTest<QtPrompter>;
 TEST_F(BoxesTest, EnterOnABoxRaisedFromTheKeyboardReachesOnlyLiveWidgets) {
-  for (const auto& [col, text] :
-       {std::pair{1, "1"}, {2, "99999999999999"}, {3, "20"}, {10, "II/905"}})
-    logic.Grid.SetText(1, col, text);
-  view.Kit().Render();
+  Header();
+  Row(1, "99999999999999");
+  auto* grid = view.Kit().Widget<GridView>("Grid");
   grid->setFocus();
   grid->setCurrentIndex(grid->model()->index(2, 1));
   grid->edit(grid->currentIndex());
   ASSERT_NE(grid->OpenEditor(), nullptr);
-  KeyAnsweringBoxes(Qt::Key_F10);
-  EXPECT_EQ(boxes, 1);
+  EXPECT_EQ(AnswerBoxesWithEnter([] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10); }),
+            1);
   EXPECT_EQ(grid->OpenEditor(), nullptr);
   EXPECT_EQ(logic.Grid.Text(1, 11), "");
   view.activateWindow();

@@ -3,14 +3,52 @@
 // the section radiators and one panel family, shown and active.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 #include "FakePlatform.h"
 #include "FrmRavolinView.h"
 #include "QtScreens.h"
 #include "TempFolder.h"
 #include "TypeFiles.h"
+
+// The text a widget shows: a label's, a box's, a button's, a drop-down's entry.
+inline std::string ShownText(const QWidget* widget) {
+  if (auto* label = qobject_cast<const QLabel*>(widget)) return label->text().toStdString();
+  if (auto* box = qobject_cast<const QLineEdit*>(widget)) return box->text().toStdString();
+  if (auto* list = qobject_cast<const QComboBox*>(widget)) return list->currentText().toStdString();
+  if (auto* button = qobject_cast<const QAbstractButton*>(widget))
+    return button->text().toStdString();
+  return "(no text)";
+}
+
+// Runs `act`, answering with Enter every message box it raises; `onBox` sees each box first.
+// Gives the number of boxes.
+inline int AnswerBoxesWithEnter(const std::function<void()>& act,
+                                const std::function<void()>& onBox = {}) {
+  int boxes = 0;
+  bool waiting = true;
+  std::function<void()> answer = [&] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      ++boxes;
+      if (onBox) onBox();
+      QTest::keyClick(box, Qt::Key_Return);
+    }
+    if (waiting) QTimer::singleShot(10, answer);
+  };
+  QTimer::singleShot(0, answer);
+  act();
+  waiting = false;
+  QTest::qWait(30);
+  return boxes;
+}
 
 // `P` shows the boxes: scripted answers, or real boxes on the screen.
 template <class P>
@@ -43,6 +81,11 @@ class MainViewTest : public ::testing::Test {
       logic.Grid.SetText(row, col, text);
     view.Kit().Render();
   }
+  template <class W = QWidget>
+  W* Find(const std::string& name) {
+    return view.Kit().Widget<W>(name);
+  }
+  std::string Shows(const std::string& name) { return ShownText(Find(name)); }
   // The header fields a calculation needs.
   void Header() {
     for (auto [name, text] :

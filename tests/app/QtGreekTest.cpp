@@ -4,17 +4,16 @@
 // the compiled resource.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
-#include <QFileSystemModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPrintPreviewDialog>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTranslator>
@@ -46,72 +45,50 @@ QString Plain(QString text) {
   return text.remove(QLatin1Char('&'));
 }
 
-TEST(QtGreekWithout, QtSpeaksEnglishUntilTheTranslationIsInstalled) {
-  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancel"));
-  QTranslator* translator = InstallQtGreek(*QCoreApplication::instance());
-  ASSERT_NE(translator, nullptr);
-  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Άκυρο"));
-  QCoreApplication::removeTranslator(translator);
-  delete translator;
-  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancel"));
-}
-
-struct LabelCase {
-  const char* ObjectName;
-  const char* Greek;
-};
-
-TEST_F(QtGreekTest, TheSaveDialogsLabelsButtonsAndColumnsReadGreek) {
-  QFileDialog dialog(nullptr, QStringLiteral("ΑΠΟΘΗΚΕΥΣΗ ΤΗΣ ΜΕΛΕΤΗΣ"), QString(),
-                     QStringLiteral("Special Files (*.sht)"));
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  const std::vector<LabelCase> labels = {
-      {"fileNameLabel", "Ό&νομα αρχείου:"},
-      {"lookInLabel", "Αναζήτηση σε:"},
-      {"fileTypeLabel", "Αρχεία τύπου:"},
-  };
-  for (const auto& l : labels) {
-    const auto* label = dialog.findChild<QLabel*>(QString::fromLatin1(l.ObjectName));
-    ASSERT_NE(label, nullptr) << l.ObjectName;
-    EXPECT_EQ(label->text(), QString::fromUtf8(l.Greek)) << l.ObjectName;
-  }
-  const auto* buttons = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-  ASSERT_NE(buttons, nullptr);
+// Every text a widget shows: its labels, buttons, actions and column heads.
+QStringList TextsOf(const QWidget& widget) {
   QStringList texts;
-  for (const QAbstractButton* b : buttons->buttons()) texts << Plain(b->text());
-  texts.sort();
-  EXPECT_EQ(texts, (QStringList{QStringLiteral("Άκυρο"), QStringLiteral("Αποθήκευση")}));
-
-  const auto* model = dialog.findChild<QFileSystemModel*>();
-  ASSERT_NE(model, nullptr);
-  const QStringList columns = {QStringLiteral("Όνομα"), QStringLiteral("Μέγεθος"),
-                               QStringLiteral("Τύπος"), QStringLiteral("Ημερομηνία τροποποίησης")};
-  for (int col = 0; col < columns.size(); ++col)
-    EXPECT_EQ(model->headerData(col, Qt::Horizontal).toString(), columns[col]) << col;
+  for (const QLabel* label : widget.findChildren<QLabel*>()) texts << Plain(label->text());
+  for (const QAbstractButton* b : widget.findChildren<QAbstractButton*>())
+    texts << Plain(b->text());
+  for (const QAction* action : widget.findChildren<QAction*>()) texts << Plain(action->text());
+  for (const QAbstractItemModel* model : widget.findChildren<QAbstractItemModel*>())
+    for (int col = 0; col < model->columnCount(); ++col)
+      texts << model->headerData(col, Qt::Horizontal).toString();
+  return texts;
 }
 
-TEST_F(QtGreekTest, TheTextBoxContextMenuReadsGreek) {
-  QLineEdit edit;
-  edit.setText(QStringLiteral("Οικία"));
+TEST_F(QtGreekTest, QtsOwnDialogsAndMenusReadGreek) {
+  QFileDialog save(nullptr, QStringLiteral("ΑΠΟΘΗΚΕΥΣΗ ΤΗΣ ΜΕΛΕΤΗΣ"), QString(),
+                   QStringLiteral("Special Files (*.sht)"));
+  save.setOption(QFileDialog::DontUseNativeDialog);
+  save.setAcceptMode(QFileDialog::AcceptSave);
+  QLineEdit edit(QStringLiteral("Οικία"));
   const std::unique_ptr<QMenu> menu(edit.createStandardContextMenu());
-  QStringList texts;
-  for (const QAction* a : menu->actions())
-    if (!a->isSeparator() && !a->menu()) texts << Plain(a->text());
-  EXPECT_EQ(texts, (QStringList{QStringLiteral("Αναίρεση"), QStringLiteral("Ακύρωση αναίρεσης"),
-                                QStringLiteral("Αποκοπή"), QStringLiteral("Αντιγραφή"),
-                                QStringLiteral("Επικόλληση"), QStringLiteral("Διαγραφή"),
-                                QStringLiteral("Επιλογή όλων")}));
-}
-
-TEST_F(QtGreekTest, ThePrintPreviewReadsGreek) {
-  QPrintPreviewDialog dialog;
-  QStringList texts;
-  for (const QAction* a : dialog.findChildren<QAction*>()) texts << Plain(a->text());
-  for (const char* wanted : {"Εκτύπωση", "Διαμόρφωση σελίδας", "Επόμενη σελίδα", "Μεγέθυνση",
-                             "Προσαρμογή στο πλάτος", "Κατακόρυφος", "Οριζόντιος"})
-    EXPECT_TRUE(texts.contains(QString::fromUtf8(wanted))) << wanted;
-  EXPECT_FALSE(texts.contains(QStringLiteral("Next page")));
+  QPrintPreviewDialog preview;
+  const struct {
+    const char* What;
+    const QWidget* Widget;
+    const char* Greek;    // texts it must show, split at '|'
+    const char* English;  // a text that must not show
+  } cases[] = {
+      {"the save dialog", &save,
+       "Όνομα αρχείου:|Αναζήτηση σε:|Αρχεία τύπου:|Άκυρο|Αποθήκευση|Όνομα|Μέγεθος|Τύπος|"
+       "Ημερομηνία τροποποίησης",
+       "Cancel"},
+      {"a text box's menu", menu.get(),
+       "Αναίρεση|Ακύρωση αναίρεσης|Αποκοπή|Αντιγραφή|Επικόλληση|Διαγραφή|Επιλογή όλων", "Copy"},
+      {"the print preview", &preview,
+       "Εκτύπωση|Διαμόρφωση σελίδας|Επόμενη σελίδα|Μεγέθυνση|Προσαρμογή στο πλάτος|Κατακόρυφος|"
+       "Οριζόντιος",
+       "Next page"},
+  };
+  for (const auto& c : cases) {
+    const QStringList texts = TextsOf(*c.Widget);
+    for (const QString& greek : QString::fromUtf8(c.Greek).split(QLatin1Char('|')))
+      EXPECT_TRUE(texts.contains(greek)) << c.What << ": " << greek.toStdString();
+    EXPECT_FALSE(texts.contains(QString::fromLatin1(c.English))) << c.What;
+  }
 }
 
 // One message of the translation source.
@@ -127,17 +104,12 @@ std::vector<SourceMessage> ReadSource(const QString& path) {
   QString context;
   while (!xml.atEnd()) {
     if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-    if (xml.name() == QLatin1String("name")) {
-      context = xml.readElementText();
-    } else if (xml.name() == QLatin1String("message")) {
-      messages.push_back({context, {}, {}, {}});
-    } else if (xml.name() == QLatin1String("source")) {
-      messages.back().Source = xml.readElementText();
-    } else if (xml.name() == QLatin1String("comment")) {
-      messages.back().Comment = xml.readElementText();
-    } else if (xml.name() == QLatin1String("translation")) {
-      messages.back().Translation = xml.readElementText();
-    }
+    const auto name = xml.name();
+    if (name == QLatin1String("name")) context = xml.readElementText();
+    if (name == QLatin1String("message")) messages.push_back({context, {}, {}, {}});
+    if (name == QLatin1String("source")) messages.back().Source = xml.readElementText();
+    if (name == QLatin1String("comment")) messages.back().Comment = xml.readElementText();
+    if (name == QLatin1String("translation")) messages.back().Translation = xml.readElementText();
   }
   EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
   return messages;

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <functional>
 #include <sstream>
 
 #include "ProgramFolder.h"
@@ -28,6 +29,15 @@ class RecalculateTest : public ::testing::Test, public ProgramFolder {
     err.str({});
     return Recalculate(o, ws, out, err);
   }
+  // Reads one record of a file, changes it, and writes it back.
+  template <class R>
+  static void Change(const std::filesystem::path& file, int record,
+                     const std::function<void(R&)>& change) {
+    RecordFile<R> records(file);
+    R r = records.Read(record);
+    change(r);
+    records.Write(record, r);
+  }
   static int Count(const std::string& text, const std::string& what) {
     int n = 0;
     for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
@@ -35,6 +45,7 @@ class RecalculateTest : public ::testing::Test, public ProgramFolder {
     return n;
   }
   std::ostringstream out, err;
+  const std::filesystem::path loops = folder / "RVLFiles" / "Μελέτη με κενά.lps";
 };
 
 // Text cell by cell, or JSON with numbers; the engineer's working files are not touched.
@@ -56,33 +67,15 @@ TEST_F(RecalculateTest, EverySheetIsWorkedAgainAndReportedAsTextOrJson) {
   EXPECT_EQ(json.substr(json.size() - 4), "\n]}\n");
 }
 
-TEST_F(RecalculateTest, WriteSavesTheRecalculatedStudyInPlace) {
+// A run that writes puts a stale study right in place; while another run writes in the study's
+// folder it is refused with the run-time's message and leaves the study as it was.
+TEST_F(RecalculateTest, WriteSavesTheStudyInPlaceButNotWhileAnotherWrites) {
   const auto study = MakeStudy(3);
-  const auto loops = folder / "RVLFiles" / "Μελέτη με κενά.lps";
   const std::string good = ReadAllBytes(loops);
-  {
-    RecordFile<LoopRecord> file(loops);
-    LoopRecord r = file.Read(LoopRecordNumber(2, 1));
+  Change<LoopRecord>(loops, LoopRecordNumber(2, 1), [](LoopRecord& r) {
     r.SomaText = "stale";
     r.SomaOutput = 1;
-    file.Write(LoopRecordNumber(2, 1), r);
-  }
-  ASSERT_EQ(Run(study, false, true), 0);
-  EXPECT_EQ(RecordFile<LoopRecord>(loops).Read(LoopRecordNumber(2, 1)).SomaText, "11/II/905");
-  EXPECT_EQ(ReadAllBytes(loops), good);
-}
-
-// A second run that writes while another writes in the study's folder is refused with the
-// run-time's message and leaves the study as it was; once the other is done, it writes.
-TEST_F(RecalculateTest, TwoWritersOfOneStudyDoNotMixIt) {
-  const auto study = MakeStudy(2);
-  const auto loops = folder / "RVLFiles" / "Μελέτη με κενά.lps";
-  {
-    RecordFile<LoopRecord> file(loops);
-    LoopRecord r = file.Read(LoopRecordNumber(2, 1));
-    r.SomaText = "stale";
-    file.Write(LoopRecordNumber(2, 1), r);
-  }
+  });
   const std::string sheets = ReadAllBytes(study), loopsBefore = ReadAllBytes(loops);
   int ready[2], done[2];
   ASSERT_EQ(::pipe(ready), 0);
@@ -108,55 +101,29 @@ TEST_F(RecalculateTest, TwoWritersOfOneStudyDoNotMixIt) {
   for (int fd : {ready[0], ready[1], done[0], done[1]}) ::close(fd);
   ASSERT_EQ(Run(study, false, true), 0) << err.str();
   EXPECT_EQ(RecordFile<LoopRecord>(loops).Read(LoopRecordNumber(2, 1)).SomaText, "11/II/905");
-}
-
-TEST_F(RecalculateTest, ASheetThatDoesNotCalculateIsReportedWithItsMessage) {
-  const auto study = MakeStudy(2);
-  {
-    RecordFile<SheetRecord> file(study);
-    SheetRecord r = file.Read(2);
-    r.Ownership = "";
-    file.Write(2, r);
-  }
-  EXPECT_EQ(Run(study), 1);
-  EXPECT_NE(out.str().find("ΜΗΝΥΜΑ\t!! ΠΡΟΣΟΧΗ !! | ... ΔΕΝ ΕΧΕΤΕ ΚΑΤΑΧΩΡΗΣΕΙ ΤΗΝ ΙΔΙΟΚΤΗΣΙΑ"),
-            std::string::npos);
+  EXPECT_EQ(ReadAllBytes(loops), good);
 }
 
 // A batch run works out the water of every sheet once, then only that of each sheet it saves:
-// stale water anywhere, a first sheet that does not calculate, and a model left in an empty row
-// of a later sheet (counted by the first pass, cleared when that sheet is saved) still end as
-// saves on the screen would leave them.
+// stale water anywhere, a first sheet that does not calculate (reported with its message), and
+// a model left in an empty row of a later sheet (counted by the first pass, cleared when that
+// sheet is saved) still end as saves on the screen would leave them.
 TEST_F(RecalculateTest, TheWaterOfEverySheetIsRightAfterABatchRun) {
   const auto study = MakeStudy(5);
-  const auto loops = folder / "RVLFiles" / "Μελέτη με κενά.lps";
-  const auto blankOwner = [](const std::filesystem::path& file) {
-    RecordFile<SheetRecord> sheets(file);
-    SheetRecord r = sheets.Read(1);
-    r.Ownership = "";
-    sheets.Write(1, r);
-  };
+  const auto blankOwner = [](SheetRecord& r) { r.Ownership = ""; };
   const auto expectedSheets = std::filesystem::path(folder / "expected.sht");
   std::filesystem::copy_file(study, expectedSheets);
-  blankOwner(expectedSheets);
+  Change<SheetRecord>(expectedSheets, 1, blankOwner);
   const std::string goodLoops = ReadAllBytes(loops);
-  blankOwner(study);
-  {
-    RecordFile<SheetRecord> sheets(study);
-    RecordFile<LoopRecord> rows(loops);
-    for (int s = 1; s <= 5; ++s) {
-      SheetRecord r = sheets.Read(s);
-      r.WaterContent = 99;
-      sheets.Write(s, r);
-      LoopRecord l = rows.Read(LoopRecordNumber(s, 2));
-      l.SomaWater = 7;
-      rows.Write(LoopRecordNumber(s, 2), l);
-    }
-    LoopRecord left = rows.Read(LoopRecordNumber(4, 6));
-    left.SomaType = "II/905";
-    rows.Write(LoopRecordNumber(4, 6), left);
+  Change<SheetRecord>(study, 1, blankOwner);
+  for (int s = 1; s <= 5; ++s) {
+    Change<SheetRecord>(study, s, [](SheetRecord& r) { r.WaterContent = 99; });
+    Change<LoopRecord>(loops, LoopRecordNumber(s, 2), [](LoopRecord& r) { r.SomaWater = 7; });
   }
+  Change<LoopRecord>(loops, LoopRecordNumber(4, 6), [](LoopRecord& r) { r.SomaType = "II/905"; });
   EXPECT_EQ(Run(study, false, true), 1);
+  EXPECT_NE(out.str().find("ΜΗΝΥΜΑ\t!! ΠΡΟΣΟΧΗ !! | ... ΔΕΝ ΕΧΕΤΕ ΚΑΤΑΧΩΡΗΣΕΙ ΤΗΝ ΙΔΙΟΚΤΗΣΙΑ"),
+            std::string::npos);
   EXPECT_EQ(ReadAllBytes(study), ReadAllBytes(expectedSheets));
   const std::string after = ReadAllBytes(loops);
   const std::size_t at = (LoopRecordNumber(4, 6) - 1) * LoopRecordLayout.RecordLength;

@@ -84,15 +84,4 @@ TEST_F(ClientListTest, ARewriteKilledAtAnyStepLeavesTheOldListOrTheNew) {
   }
 }
 
-TEST(ShippedClientsTest, TheProgramShipsAFirstNameWithoutAPassword) {
-  TempFolder folder;
-  Workspace ws(folder.Path());
-  std::filesystem::copy_file(std::filesystem::path(RAVO_DATA_OUT) / kClientsFile,
-                             folder / kClientsFile);
-  EXPECT_EQ(std::filesystem::file_size(folder / kClientsFile), 100u);
-  const ClientList list = ReadClients(ws);
-  EXPECT_EQ(list.Names, std::vector<std::string>{"ΜΕΛΕΤΗΤΗΣ ΜΗΧΑΝΙΚΟΣ"});
-  EXPECT_EQ(list.Password, "");
-}
-
 }  // namespace

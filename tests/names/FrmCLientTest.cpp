@@ -13,6 +13,16 @@
 
 namespace {
 
+using Lines = std::vector<std::string>;
+
+// The first line of a box of the list, or of the password screen.
+std::string Line(ClientMessage code, const std::string& name = {}) {
+  return ClientMessageBox(code, name).Lines.front();
+}
+std::string Line(PassMessage code) {
+  return PassMessageBox(code).Lines.front();
+}
+
 class FrmCLientTest : public ::testing::Test, public ProgramFolder {
  protected:
   void MakeList(std::vector<std::string> names, std::string password = {}) {
@@ -24,23 +34,30 @@ class FrmCLientTest : public ::testing::Test, public ProgramFolder {
     form->Form_Load();
     return *form;
   }
+  void Type(const char* control, const std::string& text) {
+    form->Controls().at(control).Type(text);
+  }
   void Highlight(const std::string& name) { form->Controls().at("Lst_Names").Select({name}); }
+  // A name typed into the entry, then OK with these answers to its questions.
+  void Enter(const std::string& name, const std::vector<Answer>& answers) {
+    Type("Txt_Client", name);
+    for (Answer a : answers) prompter.QueueAnswer(a);
+    form->Cmd_OK_Click();
+  }
   // The first lines of every box shown since the last call.
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> lines;
+  Lines Boxes() {
+    Lines lines;
     for (const auto& shown : prompter.History()) lines.push_back(shown.Box.Lines.front());
     prompter.Clear();
     return lines;
   }
   std::string Bytes() const { return ReadAllBytes(folder / kClientsFile); }
-  // A FrmCLPass worked by the user: the entries typed, then OK.
-  static ScriptedScreens::Action Passwords(std::string entry, std::string confirmation = {}) {
-    return [entry, confirmation](ScriptScreen& screen) {
+  // A FrmCLPass worked by the user: the entry typed, then OK; refused, it stays open.
+  static ScriptedScreens::Action Password(std::string entry, bool refused = false) {
+    return [=](ScriptScreen& screen) {
       screen.Controls().at("TxtPass").Type(entry);
-      if (screen.Controls().at("TxtPassOK").Visible()) {
-        screen.Controls().at("TxtPassOK").Type(confirmation);
-      }
       screen.Controls().at("CmdOK").Press();
+      EXPECT_EQ(screen.Closed(), !refused) << entry;
     };
   }
 
@@ -50,16 +67,6 @@ class FrmCLientTest : public ::testing::Test, public ProgramFolder {
   std::unique_ptr<FrmCLient> form;
 };
 
-const std::string kMessage1 = ClientMessageBox(ClientMessage::AddName).Lines.front();
-const std::string kMessage2 = ClientMessageBox(ClientMessage::NoPassword).Lines.front();
-const std::string kMessage3 = ClientMessageBox(ClientMessage::WrongPassword).Lines.front();
-const std::string kMessage5 = ClientMessageBox(ClientMessage::OnlyEntry).Lines.front();
-const std::string kMessage6 = ClientMessageBox(ClientMessage::CorrectName).Lines.front();
-
-std::string Choice(const std::string& name) {
-  return ClientMessageBox(ClientMessage::ChooseEngineer, name).Lines.front();
-}
-
 TEST_F(FrmCLientTest, WithoutAListTheScreenClosesAtOnce) {
   state.CurrentEngineer = "Κ. Νικολάου";
   EXPECT_TRUE(Open().Closed());
@@ -67,32 +74,30 @@ TEST_F(FrmCLientTest, WithoutAListTheScreenClosesAtOnce) {
   EXPECT_FALSE(std::filesystem::exists(folder / kClientsFile));
 }
 
-TEST_F(FrmCLientTest, NoToTheAdditionLeavesTheFileAndStillAsksForTheChoice) {
+// No to the addition still asks for the choice; an empty name is not added. Either way the file
+// stays as it was and the entry stays for another try.
+TEST_F(FrmCLientTest, ANameNotAddedLeavesTheFileAndTheEntry) {
+  const struct {
+    const char* Name;
+    std::vector<Answer> Answers;
+    Lines Shown;
+  } cases[] = {
+      {"Ε. Ευαγγέλου",
+       {Answer::No, Answer::No},
+       {Line(ClientMessage::AddName), Line(ClientMessage::ChooseEngineer, "Ε. Ευαγγέλου")}},
+      {"   ", {}, {Line(ClientMessage::NoName)}},
+  };
   MakeList({"Α. Αλεξίου"});
   const std::string before = Bytes();
-  FrmCLient& f = Open();
-  f.Cmd_New_Click();
-  f.Controls().at("Txt_Client").Type("Ε. Ευαγγέλου");
-  prompter.QueueAnswer(Answer::No);
-  prompter.QueueAnswer(Answer::No);
-  f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice("Ε. Ευαγγέλου")}));
-  EXPECT_EQ(Bytes(), before);
-  EXPECT_FALSE(f.Closed());
-  EXPECT_TRUE(f.Txt_Client.Visible);  // the entry stays for another try
-  EXPECT_EQ(state.CurrentEngineer, "");
-}
-
-TEST_F(FrmCLientTest, AnEmptyNameIsNotAdded) {
-  MakeList({"Α. Αλεξίου"});
-  const std::string before = Bytes();
-  FrmCLient& f = Open();
-  f.Cmd_New_Click();
-  f.Controls().at("Txt_Client").Type("   ");
-  f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{ClientMessageBox(ClientMessage::NoName).Lines.front()});
-  EXPECT_EQ(Bytes(), before);
+  for (const auto& c : cases) {
+    Open().Cmd_New_Click();
+    Enter(c.Name, c.Answers);
+    EXPECT_EQ(Boxes(), c.Shown);
+    EXPECT_EQ(Bytes(), before);
+    EXPECT_FALSE(form->Closed());
+    EXPECT_TRUE(form->Txt_Client.Visible);
+    EXPECT_EQ(state.CurrentEngineer, "");
+  }
 }
 
 TEST_F(FrmCLientTest, ACorrectedNameIsRewrittenInItsPlaceAndTheEngineerFollows) {
@@ -104,35 +109,34 @@ TEST_F(FrmCLientTest, ACorrectedNameIsRewrittenInItsPlaceAndTheEngineerFollows) 
   EXPECT_EQ(f.Lbl_Entry.Text, FrmCLient::kCorrectionCaption);
   EXPECT_EQ(f.Txt_Client.Text, "Β. Βασιλείου");
   EXPECT_EQ(f.LblNoChars.Text, "< 12 > Χαρακτήρες");
-  f.Controls().at("Txt_Client").Type("Β. Βασιλείου, Μηχ/γος Μηχ/κός");
-  prompter.QueueAnswer(Answer::Yes);
-  prompter.QueueAnswer(Answer::No);
-  f.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(),
-            (std::vector<std::string>{kMessage6, Choice("Β. Βασιλείου, Μηχ/γος Μηχ/κός")}));
-  EXPECT_EQ(state.CurrentEngineer, "Β. Βασιλείου, Μηχ/γος Μηχ/κός");
-  EXPECT_EQ(f.Lbl_Client.Text, state.CurrentEngineer);
-  EXPECT_EQ(f.Lst_Names.Items[1], state.CurrentEngineer);
+  const std::string corrected = "Β. Βασιλείου, Μηχ/γος Μηχ/κός";
+  Enter(corrected, {Answer::Yes, Answer::No});
+  EXPECT_EQ(Boxes(), (Lines{Line(ClientMessage::CorrectName),
+                            Line(ClientMessage::ChooseEngineer, corrected)}));
+  EXPECT_EQ(state.CurrentEngineer, corrected);
+  EXPECT_EQ(f.Lbl_Client.Text, corrected);
+  EXPECT_EQ(f.Lst_Names.Items[1], corrected);
   EXPECT_FALSE(f.Txt_Client.Visible);
+  // Only the name of the second record changes: its number and the password stay.
   const std::string bytes = Bytes();
-  EXPECT_EQ(bytes.substr(0, 100), before.substr(0, 100));
-  EXPECT_EQ(bytes.substr(100, 2), before.substr(100, 2));    // ClientNo
-  EXPECT_EQ(bytes.substr(180, 20), before.substr(180, 20));  // ClientPass
-  EXPECT_EQ(bytes.substr(102, 78), StoredField(state.CurrentEngineer, kClientNameWidth));
+  EXPECT_EQ(bytes.substr(0, 102), before.substr(0, 102));
+  EXPECT_EQ(bytes.substr(102, 78), StoredField(corrected, kClientNameWidth));
+  EXPECT_EQ(bytes.substr(180, 20), before.substr(180, 20));
 }
 
 TEST_F(FrmCLientTest, ANameOf200CharactersStopsAtTheFieldAndTheCounterShowsIt) {
   MakeList({"Α. Αλεξίου"});
   FrmCLient& f = Open();
   f.Cmd_New_Click();
-  f.Controls().at("Txt_Client").Type(std::string(200, 'N'));
+  Type("Txt_Client", std::string(200, 'N'));
   EXPECT_EQ(f.LblNoChars.Text, "< 78 > Χαρακτήρες");
-  f.Controls().at("Txt_Client").Type("Ω€🙂x");  // the emoji has no byte in the code page
+  Type("Txt_Client", "Ω€🙂x");  // the emoji has no byte in the code page
   EXPECT_EQ(f.Txt_Client.Text, "Ω€x");
-  f.Controls().at("Txt_Client").Type(std::string(60, 'M'));
-  f.Cmd_OK_Click();  // more than 50 characters: no command refuses it
-  EXPECT_EQ(Boxes(), (std::vector<std::string>{kMessage1, Choice(std::string(60, 'M'))}));
-  EXPECT_EQ(ReadClients(ws).Names.back(), std::string(60, 'M'));
+  const std::string sixty(60, 'M');
+  Enter(sixty, {});  // more than 50 characters: no command refuses it
+  EXPECT_EQ(Boxes(),
+            (Lines{Line(ClientMessage::AddName), Line(ClientMessage::ChooseEngineer, sixty)}));
+  EXPECT_EQ(ReadClients(ws).Names.back(), sixty);
 }
 
 TEST_F(FrmCLientTest, ANameAddedAfterADeletionSurvivesTheRewriteAtClosing) {
@@ -143,19 +147,13 @@ TEST_F(FrmCLientTest, ANameAddedAfterADeletionSurvivesTheRewriteAtClosing) {
   f.Cmd_Del_Click();
   Highlight("Β. Βασιλείου");
   f.Cmd_COR_Click();
-  f.Controls().at("Txt_Client").Type("Β. Βασιλείου-Δήμου");
-  prompter.QueueAnswer(Answer::Yes);
-  prompter.QueueAnswer(Answer::No);
-  f.Cmd_OK_Click();
+  Enter("Β. Βασιλείου-Δήμου", {Answer::Yes, Answer::No});
   // The correction lands on the record that holds the name, not on the deleted one.
-  EXPECT_EQ(ReadClients(ws).Names, (std::vector<std::string>{"Α. Αλεξίου", "Β. Βασιλείου-Δήμου"}));
+  EXPECT_EQ(ReadClients(ws).Names, (Lines{"Α. Αλεξίου", "Β. Βασιλείου-Δήμου"}));
   f.Cmd_New_Click();
-  f.Controls().at("Txt_Client").Type("Γ. Γεωργίου");
-  prompter.QueueAnswer(Answer::Yes);
-  prompter.QueueAnswer(Answer::No);
-  f.Cmd_OK_Click();
+  Enter("Γ. Γεωργίου", {Answer::Yes, Answer::No});
   f.CloseBox();
-  EXPECT_EQ(ReadClients(ws).Names, (std::vector<std::string>{"Β. Βασιλείου-Δήμου", "Γ. Γεωργίου"}));
+  EXPECT_EQ(ReadClients(ws).Names, (Lines{"Β. Βασιλείου-Δήμου", "Γ. Γεωργίου"}));
 }
 
 TEST_F(FrmCLientTest, APasswordChangeStopsAtTheFirstCheckThatFails) {
@@ -163,31 +161,15 @@ TEST_F(FrmCLientTest, APasswordChangeStopsAtTheFirstCheckThatFails) {
   const std::string before = Bytes();
   FrmCLient& f = Open();
   // A wrong entry in the hidden box: message 3, no password screen.
-  f.Controls().at("Txt_Pass").Type("άλλο");
+  Type("Txt_Pass", "άλλο");
   f.Cmd_Lock_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage3});
+  EXPECT_EQ(Boxes(), Lines{Line(ClientMessage::WrongPassword)});
   EXPECT_TRUE(screens.Shown.empty());
-  f.Controls().at("Txt_Pass").Type("παλιό");
+  Type("Txt_Pass", "παλιό");
   // A wrong existing password: the pass screen's message 3, and it stays until closed.
-  screens.Queue([](ScriptScreen& s) {
-    s.Controls().at("TxtPass").Type("λάθος");
-    s.Controls().at("CmdOK").Press();
-    EXPECT_FALSE(s.Closed());
-  });
+  screens.Queue(Password("λάθος", true));
   f.Cmd_Lock_Click();
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{PassMessageBox(PassMessage::PasswordTrouble).Lines.front()});
-  // Two new entries that differ: pass message 1.
-  screens.Queue(Passwords("παλιό"));
-  screens.Queue([](ScriptScreen& s) {
-    s.Controls().at("TxtPass").Type("ένα");
-    s.Controls().at("TxtPassOK").Type("δύο");
-    s.Controls().at("CmdOK").Press();
-    EXPECT_FALSE(s.Closed());
-  });
-  f.Cmd_Lock_Click();
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{PassMessageBox(PassMessage::PasswordsDiffer).Lines.front()});
+  EXPECT_EQ(Boxes(), Lines{Line(PassMessage::PasswordTrouble)});
   EXPECT_EQ(Bytes(), before);
   EXPECT_EQ(f.Txt_Pass.Text, "παλιό");
 }
@@ -195,7 +177,7 @@ TEST_F(FrmCLientTest, APasswordChangeStopsAtTheFirstCheckThatFails) {
 TEST_F(FrmCLientTest, AnEmptyNewPasswordUnlocksOnlyOnYes) {
   MakeList({"Α. Αλεξίου"}, "παλιό");
   FrmCLient& f = Open();
-  screens.Queue(Passwords("παλιό"));
+  screens.Queue(Password("παλιό"));
   screens.Queue([this](ScriptScreen& s) {
     s.Controls().at("CmdOK").Press();  // both empty, the question's default is No
     EXPECT_FALSE(s.Closed());
@@ -203,9 +185,7 @@ TEST_F(FrmCLientTest, AnEmptyNewPasswordUnlocksOnlyOnYes) {
     s.Controls().at("CmdOK").Press();
   });
   f.Cmd_Lock_Click();
-  EXPECT_EQ(Boxes(),
-            (std::vector<std::string>{PassMessageBox(PassMessage::NoProtection).Lines.front(),
-                                      PassMessageBox(PassMessage::NoProtection).Lines.front()}));
+  EXPECT_EQ(Boxes(), Lines(2, Line(PassMessage::NoProtection)));
   EXPECT_EQ(ReadClients(ws).Password, "");
   EXPECT_EQ(f.Txt_Pass.Text, "");
 }
@@ -217,21 +197,18 @@ TEST_F(FrmCLientTest, BadListsOpenWithoutHarm) {
   EXPECT_TRUE(f.Lst_Names.Items.empty());
   f.Cmd_OK_Click();  // nothing to choose
   f.Cmd_Del_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage5});
+  EXPECT_EQ(Boxes(), Lines{Line(ClientMessage::OnlyEntry)});
   f.Cmd_New_Click();
-  f.Controls().at("Txt_Client").Type("Α. Αλεξίου");
-  f.Cmd_OK_Click();
-  EXPECT_EQ(ReadClients(ws).Names, std::vector<std::string>{"Α. Αλεξίου"});
+  Enter("Α. Αλεξίου", {});
+  EXPECT_EQ(ReadClients(ws).Names, Lines{"Α. Αλεξίου"});
   // A garbage password field locks the list: the name can still be chosen, not added.
   std::string bytes = Bytes();
   for (std::size_t i = 80; i < 100; ++i) bytes[i] = static_cast<char>(0x90 + i);
   WriteAllBytes(folder / kClientsFile, bytes);
-  FrmCLient& g = Open();
-  g.Cmd_New_Click();
-  g.Controls().at("Txt_Client").Type("Β");
-  g.Controls().at("Txt_Pass").Type("");
-  g.Cmd_OK_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{kMessage2});
+  Open().Cmd_New_Click();
+  Type("Txt_Pass", "");
+  Enter("Β", {});
+  EXPECT_EQ(Boxes(), Lines{Line(ClientMessage::NoPassword)});
   EXPECT_EQ(Bytes(), bytes);
 }
 

@@ -4,7 +4,6 @@
 
 #include <cmath>
 
-#include "Cp1253.h"
 #include "Scramble.h"
 #include "VbRandom.h"
 
@@ -39,22 +38,6 @@ TEST(ScrambleTest, EachByteIsShiftedByTheDrawOfItsPlace) {
   EXPECT_EQ(ScrambleText(zeros), expected);
   EXPECT_EQ(ScrambleText(zeros), expected);
   EXPECT_EQ(ScrambleText("A"), std::string(1, static_cast<char>((0x41 + 220) & 255)));
-}
-
-TEST(ScrambleTest, RoundTripsOfNamesAndPasswords) {
-  const std::vector<std::string> texts = {
-      "", "Ά", "ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩαβγδεζηθικλμνξοπρστυφχψωάέήίόύώϊϋΐΰς ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡ",
-      "Ing. J. Muller & Co. (Θεσσαλονίκη) 100%"};
-  for (const std::string& text : texts) {
-    const std::string bytes = Utf8ToCp1253(text);
-    const std::string scrambled = ScrambleText(bytes);
-    EXPECT_EQ(scrambled.size(), bytes.size());
-    if (!bytes.empty()) {
-      EXPECT_NE(scrambled, bytes) << text;
-    }
-    EXPECT_EQ(Cp1253ToUtf8(UnscrambleText(scrambled)), text);
-  }
-  EXPECT_EQ(Utf8ToU32(texts[2]).size(), 78u);
 }
 
 }  // namespace
