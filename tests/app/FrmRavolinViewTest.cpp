@@ -40,6 +40,22 @@ TEST_F(ViewTest, ShowsTheLogicsStateAndAFamilyPickedTakesTheWorkingCopy) {
   EXPECT_EQ(logic.Grid.List(1, 10), std::vector<std::string>{"22/600"});
 }
 
+// A text longer than its box shows from its start, whether the program set it or the engineer
+// typed it and left.
+TEST_F(ViewTest, ALongTextShowsItsStartInABoxNotBeingTypedIn) {
+  const std::string owner = "Οικία Παπαδόπουλου Ιωάννη και Μαρίας, Αθήνα";
+  logic.TxtOwnership.Text = owner;
+  view.Kit().Render();
+  auto* box = Find<QLineEdit>("TxtOwnership");
+  EXPECT_EQ(box->cursorPosition(), 0);
+  box->setFocus();
+  box->end(false);
+  QTest::keyClicks(box, "x");
+  QTest::keyClick(box, Qt::Key_Tab);
+  EXPECT_EQ(logic.TxtOwnership.Text, owner + "x");
+  EXPECT_EQ(box->cursorPosition(), 0);
+}
+
 // Every caption whole and every command with its button and tip, on the smallest display.
 TEST_F(ViewTest, TheWindowFitsTheSmallestDisplayWithEveryCaptionWholeAndEveryTip) {
   EXPECT_LE(view.frameGeometry().width(), 1024);
