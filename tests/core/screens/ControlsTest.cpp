@@ -7,67 +7,39 @@
 
 namespace {
 
-KeyStroke Key(KeyCode code, bool ctrl = false, bool shift = false, char32_t ch = 0) {
-  KeyStroke k;
-  k.Code = code;
-  k.Ctrl = ctrl;
-  k.Shift = shift;
-  k.Char = ch;
-  return k;
-}
+// Every key the scripts name, in its usual spelling, which is also the name KeyName gives back.
+struct KeyCase {
+  const char* Name;
+  KeyCode Code;
+  bool Ctrl, Shift;
+  char32_t Char;
+};
 
-// Every key the scripts name; a name in its usual spelling is also the name KeyName gives back.
 TEST(ParseKeyName, KnowsEveryKeyTheScriptsNameAndKeyNameGivesTheUsualSpellingBack) {
-  struct Case {
-    const char* Name;
-    KeyStroke Want;
-    bool Usual = true;
-  };
-  const std::vector<Case> cases = {
-      {"F1", Key(KeyCode::F1)},
-      {"F2", Key(KeyCode::F2)},
-      {"F9", Key(KeyCode::F9)},
-      {"F10", Key(KeyCode::F10)},
-      {"F12", Key(KeyCode::F12)},
-      {"Enter", Key(KeyCode::Enter)},
-      {"Esc", Key(KeyCode::Escape)},
-      {"Tab", Key(KeyCode::Tab)},
-      {"PgDn", Key(KeyCode::PageDown)},
-      {"PgUp", Key(KeyCode::PageUp)},
-      {"Home", Key(KeyCode::Home)},
-      {"Ctrl-Home", Key(KeyCode::Home, true)},
-      {"Ctrl-End", Key(KeyCode::End, true)},
-      {"Ctrl-S", Key(KeyCode::Char, true, false, U'S')},
-      {"Ctrl-O", Key(KeyCode::Char, true, false, U'O')},
-      {"Ctrl-P", Key(KeyCode::Char, true, false, U'P')},
-      {"Ctrl-W", Key(KeyCode::Char, true, false, U'W')},
-      {"Shift-F12", Key(KeyCode::F12, false, true)},
-      {"Plus", Key(KeyCode::NumPlus)},
-      {"Minus", Key(KeyCode::NumMinus)},
-      {"Shift-Q", Key(KeyCode::Char, false, true, U'Q')},
-      {"Q", Key(KeyCode::Char, false, false, U'Q')},
-      {"Backspace", Key(KeyCode::Backspace)},
-      {"Delete", Key(KeyCode::Delete)},
-      {"Up", Key(KeyCode::Up)},
-      {"Down", Key(KeyCode::Down)},
-      {"Left", Key(KeyCode::Left)},
-      {"Right", Key(KeyCode::Right)},
-      {"Ctrl-Shift-F5", Key(KeyCode::F5, true, true)},
-      {"5", Key(KeyCode::Char, false, false, U'5'), false},
-      {"q", Key(KeyCode::Char, false, false, U'Q'), false},
-      {"Escape", Key(KeyCode::Escape), false},
-      {"enter", Key(KeyCode::Enter), false},
-      {"PageDown", Key(KeyCode::PageDown), false},
-      {"ctrl-s", Key(KeyCode::Char, true, false, U'S'), false},
-  };
+  using enum KeyCode;
+  const KeyCase cases[] = {
+      {"F1", F1, 0, 0, 0},         {"F2", F2, 0, 0, 0},          {"F9", F9, 0, 0, 0},
+      {"F10", F10, 0, 0, 0},       {"F12", F12, 0, 0, 0},        {"Enter", Enter, 0, 0, 0},
+      {"Esc", Escape, 0, 0, 0},    {"Tab", Tab, 0, 0, 0},        {"PgDn", PageDown, 0, 0, 0},
+      {"PgUp", PageUp, 0, 0, 0},   {"Home", Home, 0, 0, 0},      {"Ctrl-Home", Home, 1, 0, 0},
+      {"Ctrl-End", End, 1, 0, 0},  {"Ctrl-S", Char, 1, 0, 'S'},  {"Ctrl-O", Char, 1, 0, 'O'},
+      {"Ctrl-P", Char, 1, 0, 'P'}, {"Ctrl-W", Char, 1, 0, 'W'},  {"Shift-F12", F12, 0, 1, 0},
+      {"Plus", NumPlus, 0, 0, 0},  {"Minus", NumMinus, 0, 0, 0}, {"Shift-Q", Char, 0, 1, 'Q'},
+      {"Q", Char, 0, 0, 'Q'},      {"5", Char, 0, 0, '5'},       {"Backspace", Backspace, 0, 0, 0},
+      {"Delete", Delete, 0, 0, 0}, {"Up", Up, 0, 0, 0},          {"Down", Down, 0, 0, 0},
+      {"Left", Left, 0, 0, 0},     {"Right", Right, 0, 0, 0},    {"Ctrl-Shift-F5", F5, 1, 1, 0}};
   for (const auto& c : cases) {
     const auto got = ParseKeyName(c.Name);
     ASSERT_TRUE(got.has_value()) << c.Name;
-    EXPECT_EQ(*got, c.Want) << c.Name;
-    if (c.Usual) {
-      EXPECT_EQ(KeyName(*got), c.Name);
-    }
+    EXPECT_EQ(*got, (KeyStroke{c.Code, c.Ctrl, c.Shift, false, c.Char})) << c.Name;
+    EXPECT_EQ(KeyName(*got), c.Name);
   }
+  // Other spellings read as the usual one.
+  const std::pair<const char*, const char*> spellings[] = {
+      {"q", "Q"},           {"Escape", "Esc"},    {"enter", "Enter"},
+      {"PageDown", "PgDn"}, {"ctrl-s", "Ctrl-S"}, {"ESC", "Esc"}};
+  for (const auto& [other, usual] : spellings)
+    EXPECT_EQ(ParseKeyName(other), ParseKeyName(usual)) << other;
   EXPECT_EQ(KeyName(KeyStroke{}), "");
   for (const char* name :
        {"", "F13", "F0", "Ctrl-", "Shift-", "Foo", "Ctrl-Foo", "QQ", " ", "Ctrl"})
@@ -75,7 +47,7 @@ TEST(ParseKeyName, KnowsEveryKeyTheScriptsNameAndKeyNameGivesTheUsualSpellingBac
 }
 
 bool DigitsOnly(char32_t ch) {
-  return ch >= U'0' && ch <= U'9';
+  return ch >= '0' && ch <= '9';
 }
 
 TEST(TypeIntoTextBox, TypesThroughTheFilterOverTheSelectedText) {

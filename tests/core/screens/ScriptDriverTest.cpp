@@ -34,44 +34,32 @@ class ScriptDriverTest : public ::testing::Test {
   FakeMain main_{prompter_, driver_, child_, log_};
 };
 
-TEST(ParseScript, SplitsWordsKeepsQuotesAndDropsComments) {
-  struct Case {
-    std::string Text;
-    std::vector<std::string> Words;
-    std::vector<bool> Quoted;
-  };
-  const std::vector<Case> cases = {
-      {"set FrmA.Txt \"Οικία Παπαδόπουλου\"     # focus, type, leave",
-       {"set", "FrmA.Txt", "Οικία Παπαδόπουλου"},
-       {false, false, true}},
-      {"expect FrmA.Txt \"say \\\"hi\\\" # no comment\"",
-       {"expect", "FrmA.Txt", "say \"hi\" # no comment"},
-       {false, false, true}},
-      {"choose FrmA.Cbo #2   # the third", {"choose", "FrmA.Cbo", "#2"}, {false, false, false}},
-      {"key FrmA F10#a comment", {"key", "FrmA", "F10"}, {false, false, false}},
-      {"\texpect  FrmA.Txt\t\"\"", {"expect", "FrmA.Txt", ""}, {false, false, true}},
-      {"answer file \"RVLFiles\\\\x.sht\"",
-       {"answer", "file", "RVLFiles\\x.sht"},
-       {false, false, true}},
-      {"answer file \"a\\b\"", {"answer", "file", "a\\b"}, {false, false, true}},
-      {"expect FrmA.Txt \"#1\"", {"expect", "FrmA.Txt", "#1"}, {false, false, true}},
-  };
-  for (const auto& c : cases) {
-    const auto lines = ParseScript(c.Text);
-    ASSERT_EQ(lines.size(), 1u) << c.Text;
-    EXPECT_EQ(lines[0].Words, c.Words) << c.Text;
-    EXPECT_EQ(lines[0].Quoted, c.Quoted) << c.Text;
+// The lines of a script as "number: word|word": a word written in quotes stands in «».
+std::string Shown(const std::vector<ScriptLine>& lines) {
+  std::string out;
+  for (const ScriptLine& line : lines) {
+    out += (out.empty() ? "" : " / ") + std::to_string(line.Number) + ":";
+    for (std::size_t i = 0; i < line.Words.size(); ++i)
+      out += (i ? "|" : " ") + (line.Quoted.at(i) ? "«" + line.Words[i] + "»" : line.Words[i]);
   }
+  return out;
 }
 
-TEST(ParseScript, NumbersTheLinesOfTheFileAndSkipsEmptyOnes) {
-  const auto lines =
-      ParseScript("\xEF\xBB\xBF# a script\n\nset a \"b\"\r\n   \n#2 press\nkey F F1");
-  ASSERT_EQ(lines.size(), 2u);
-  EXPECT_EQ(lines[0].Number, 3);
-  EXPECT_EQ(lines[0].Words, (std::vector<std::string>{"set", "a", "b"}));
-  EXPECT_EQ(lines[1].Number, 6);
-  EXPECT_EQ(lines[1].Words, (std::vector<std::string>{"key", "F", "F1"}));
+TEST(ParseScript, SplitsWordsKeepsQuotesAndDropsComments) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"set FrmA.Txt \"Οικία Παπαδόπουλου\"     # focus, type, leave",
+       "1: set|FrmA.Txt|«Οικία Παπαδόπουλου»"},
+      {"expect FrmA.Txt \"say \\\"hi\\\" # no comment\"",
+       "1: expect|FrmA.Txt|«say \"hi\" # no comment»"},
+      {"choose FrmA.Cbo #2   # the third", "1: choose|FrmA.Cbo|#2"},
+      {"key FrmA F10#a comment", "1: key|FrmA|F10"},
+      {"\texpect  FrmA.Txt\t\"\"", "1: expect|FrmA.Txt|«»"},
+      {"answer file \"RVLFiles\\\\x.sht\"", "1: answer|file|«RVLFiles\\x.sht»"},
+      {"answer file \"a\\b\"", "1: answer|file|«a\\b»"},
+      {"expect FrmA.Txt \"#1\"", "1: expect|FrmA.Txt|«#1»"},
+      {"\xEF\xBB\xBF# a script\n\nset a \"b\"\r\n   \n#2 press\nkey F F1",
+       "3: set|a|«b» / 6: key|F|F1"}};
+  for (const auto& [text, shown] : cases) EXPECT_EQ(Shown(ParseScript(text)), shown) << text;
 }
 
 TEST(ParseScript, RefusesBrokenQuotes) {
@@ -106,7 +94,7 @@ select FrmFake.LstFiles "a.sht" "c.sht"
   EXPECT_EQ(main_.LstFiles.Selected, (std::vector<bool>{false, false, false}));
 }
 
-TEST_F(ScriptDriverTest, QuestionsTakeTheQueuedAnswersThenTheirDefault) {
+TEST_F(ScriptDriverTest, QuestionsAndFileDialogsTakeTheQueuedAnswersThenTheirDefault) {
   Pass(R"(answer NO
 answer YES
 answer NO
@@ -118,19 +106,15 @@ press FrmFake.CmdAsk
 expect FrmFake.LblResult "YES"
 expect message "!! ΠΡΟΣΟΧΗ !!"
 expect message "... ΣΥΝΕΧΕΙΑ ; ..."
-)");
-  const std::string asked = "[message] !! ΠΡΟΣΟΧΗ !! | ... ΣΥΝΕΧΕΙΑ ; ... -> ";
-  EXPECT_EQ(out_.str(), asked + "NO\n" + asked + "YES\n" + asked + "NO\n" + asked + "YES\n");
-}
-
-TEST_F(ScriptDriverTest, FileDialogsTakeTheQueuedFileAnswers) {
-  Pass(R"(answer file "RVLFiles/Μελέτη 1.sht"
+answer file "RVLFiles/Μελέτη 1.sht"
 answer cancel
 press FrmFake.CmdFile
 expect FrmFake.LblResult "RVLFiles/Μελέτη 1.sht"
 press FrmFake.CmdFile
 expect FrmFake.LblResult "cancel"
 )");
+  const std::string asked = "[message] !! ΠΡΟΣΟΧΗ !! | ... ΣΥΝΕΧΕΙΑ ; ... -> ";
+  EXPECT_EQ(out_.str(), asked + "NO\n" + asked + "YES\n" + asked + "NO\n" + asked + "YES\n");
   EXPECT_FALSE(driver_.TakeFileAnswer().has_value());
 }
 
@@ -183,16 +167,6 @@ answer YES
   EXPECT_EQ(commands, 11);
 }
 
-TEST_F(ScriptDriverTest, AFailureInsideAModalScreenStopsTheWholeScript) {
-  EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect FrmChild.TxtName \"x\"\npress FrmFake.CmdGo\n"), 1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: αναμενόταν FrmChild.TxtName \"x\", βρέθηκε \"\"\n");
-  EXPECT_EQ(main_.LblResult.Text, "");  // the command that opened the screen never went on
-  EXPECT_TRUE(prompter_.History().empty());
-  // The driver is back at the main screen for the next run.
-  std::ostringstream err;
-  EXPECT_EQ(driver_.RunText("expect screen FrmFake\n", "u.rvs", err), 0) << err.str();
-}
-
 TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
   Workspace ws(folder_.Path());
   ws.SetPauseMilliseconds(0);
@@ -206,14 +180,6 @@ TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
   EXPECT_TRUE(prompter_.History().empty());  // no fault box: the script stopped
 }
 
-TEST_F(ScriptDriverTest, AFailureEscapingACommandStopsTheScript) {
-  EXPECT_EQ(Run("\npress FrmFake.CmdBoom\n"), 1);
-  EXPECT_EQ(err_.str(), "t.rvs:2: η γραμμή απέτυχε: boom\n");
-  std::ostringstream err;
-  EXPECT_EQ(driver_.RunText("press FrmFake.CmdOdd", "u.rvs", err), 1);
-  EXPECT_EQ(err.str(), "u.rvs:1: η γραμμή απέτυχε\n");
-}
-
 TEST_F(ScriptDriverTest, AScriptFileNamesItselfInItsErrors) {
   const auto missing = folder_ / "none.rvs";
   EXPECT_EQ(driver_.RunFile(missing, err_), 1);
@@ -225,47 +191,35 @@ TEST_F(ScriptDriverTest, AScriptFileNamesItselfInItsErrors) {
   EXPECT_EQ(err_.str(), file.string() + ":2: αναμενόταν FrmFake.TxtValue \"1\", βρέθηκε \"85\"\n");
 }
 
-// Runs a script that must fail on a fresh driver over a folder holding KEEP.DAT (4 bytes) and
-// gives its error; `log` gets what the screens did.
-std::string Failure(const std::string& script, std::vector<std::string>& log) {
-  TempFolder folder;
-  WriteAllBytes(folder / "KEEP.DAT", "abcd");
-  ScriptedPrompter prompter;
-  std::ostringstream out, err;
-  ScriptDriver driver(prompter, folder.Path(), out);
-  FakeChild child("FrmChild", driver, log);
-  FakeMain main(prompter, driver, child, log);
-  driver.SetMainScreen(&main);
-  EXPECT_EQ(driver.RunText(script, "t.rvs", err), 1) << script;
-  return err.str();
-}
-
-TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFound) {
+// Scripts that stop, each on a fresh driver over a folder holding KEEP.DAT (4 bytes): the error,
+// and what the screens did before the stop. The command that opened a screen never goes on,
+// and the driver is back at the main screen for the next run.
+TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFoundOrWhyTheLineCannotRun) {
   const std::string warning = "\"... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\"";
   const std::string none = "κανένα (δεν εμφανίστηκε μήνυμα μετά το τελευταίο αναμενόμενο)";
-  const std::vector<std::pair<std::string, std::string>> cases = {
+  const struct {
+    std::string Script, Error, Log = {};
+  } cases[] = {
       {"# a comment\nexpect FrmFake.TxtValue \"86\"",
        "t.rvs:2: αναμενόταν FrmFake.TxtValue \"86\", βρέθηκε \"85\""},
-      {"expect FrmFake.CmdGo disabled", "t.rvs:1: αναμενόταν FrmFake.CmdGo disabled, βρέθηκε enabled"},
+      {"expect FrmFake.CmdGo disabled",
+       "t.rvs:1: αναμενόταν FrmFake.CmdGo disabled, βρέθηκε enabled"},
       {"expect FrmFake.LstFiles \"a.sht\"",
        "t.rvs:1: αναμενόταν FrmFake.LstFiles \"a.sht\", βρέθηκε \"a.sht\" \"b.sht\" \"c.sht\""},
       {"expect file \"KEEP.DAT\" size 5",
-       "t.rvs:1: αναμενόταν το αρχείο \"KEEP.DAT\" μεγέθους 5, βρέθηκε το αρχείο \"KEEP.DAT\" μεγέθους 4"},
+       "t.rvs:1: αναμενόταν το αρχείο \"KEEP.DAT\" μεγέθους 5, βρέθηκε το αρχείο \"KEEP.DAT\" "
+       "μεγέθους 4"},
+      {"press FrmFake.CmdOpen\nexpect FrmChild.TxtName \"x\"\npress FrmFake.CmdGo",
+       "t.rvs:2: αναμενόταν FrmChild.TxtName \"x\", βρέθηκε \"\""},
       // Messages out of step.
       {"expect message \"X\"", "t.rvs:1: αναμενόταν το μήνυμα \"X\", βρέθηκε " + none},
       {"press FrmFake.CmdGo\nexpect message \"X\"",
        "t.rvs:2: αναμενόταν το μήνυμα \"X\", βρέθηκε " + warning},
       {"key FrmFake F5\npress FrmFake.CmdGo\nexpect message \"... ΠΡΟΣΟΧΗ ...\"",
-       "t.rvs:3: αναμενόταν το μήνυμα \"... ΠΡΟΣΟΧΗ ...\", βρέθηκε \"F5\""},
-  };
-  for (const auto& [script, error] : cases) {
-    std::vector<std::string> log;
-    EXPECT_EQ(Failure(script, log), error + "\n") << script;
-  }
-}
-
-TEST(ScriptDriverFailure, LinesThatCannotBeUnderstoodStopTheScript) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
+       "t.rvs:3: αναμενόταν το μήνυμα \"... ΠΡΟΣΟΧΗ ...\", βρέθηκε \"F5\"", "key F5"},
+      // A failure escaping the command.
+      {"\npress FrmFake.CmdBoom", "t.rvs:2: η γραμμή απέτυχε: boom"},
+      {"press FrmFake.CmdOdd", "t.rvs:1: η γραμμή απέτυχε"},
       // Lines the driver cannot read.
       {"frobnicate FrmFake", "t.rvs:1: άγνωστη εντολή \"frobnicate\""},
       {"press FrmNone.CmdGo",
@@ -280,10 +234,21 @@ TEST(ScriptDriverFailure, LinesThatCannotBeUnderstoodStopTheScript) {
       {"press FrmFake.CmdOpen\npress FrmFake.CmdGo",
        "t.rvs:2: FrmFake είναι ανοιχτή αλλά δεν δέχεται γραμμές τώρα: από πάνω είναι η FrmChild"},
   };
-  for (const auto& [script, error] : cases) {
+  for (const auto& c : cases) {
+    TempFolder folder;
+    WriteAllBytes(folder / "KEEP.DAT", "abcd");
+    ScriptedPrompter prompter;
+    std::ostringstream out, err;
+    ScriptDriver driver(prompter, folder.Path(), out);
     std::vector<std::string> log;
-    EXPECT_EQ(Failure(script, log), error + "\n") << script;
-    EXPECT_TRUE(log.empty()) << script;  // nothing ran, or the stop unwound the screen
+    FakeChild child("FrmChild", driver, log);
+    FakeMain main(prompter, driver, child, log);
+    driver.SetMainScreen(&main);
+    EXPECT_EQ(driver.RunText(c.Script, "t.rvs", err), 1) << c.Script;
+    EXPECT_EQ(err.str(), c.Error + "\n");
+    EXPECT_EQ(log, c.Log.empty() ? std::vector<std::string>{} : std::vector{c.Log}) << c.Script;
+    EXPECT_EQ(main.LblResult.Text, "") << c.Script;
+    EXPECT_EQ(driver.RunText("expect screen FrmFake\n", "u.rvs", err), 0) << err.str();
   }
 }
 
