@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "RecordImage.h"
 #include "SomaBytes.h"
 #include "SomataSource.h"
 #include "TempFolder.h"
@@ -42,41 +43,23 @@ std::string Joined(const std::vector<std::string>& lines, const char* end = "\n"
   return text;
 }
 
-// "Δοκιμαστικά Πάνελ (τύπος 22)" in code page 1253.
-const std::string kCategoryBytes =
-    "\xc4\xef\xea\xe9\xec\xe1\xf3\xf4\xe9\xea\xdc\x20\xd0\xdc\xed\xe5\xeb\x20\x28\xf4\xfd\xf0"
-    "\xef\xf2\x20\x32\x32\x29";
-
+// The two records of the sound source: the family values in each ("Δοκιμαστικά Πάνελ (τύπος 22)"
+// in code page 1253), then the model's own.
 void ExpectSoundImage(const std::string& bytes) {
   ASSERT_EQ(bytes.size(), 2 * kLength);
-  for (int n = 1; n <= 2; ++n) {
-    const std::string r = Record(bytes, n);
-    SCOPED_TRACE(n);
-    EXPECT_EQ(I16At(r, kCategoryNo), 7);
-    EXPECT_EQ(I16At(r, kRecordNo), n);
-    EXPECT_EQ(r.substr(kCategory, 120), Blanked(kCategoryBytes, 120));
-    EXPECT_EQ(F32At(r, kMeanActiveTemp), 60.0f);
-    EXPECT_EQ(F32At(r, kStep), 100.0f);
-    EXPECT_EQ(r.substr(kStepUnits, 16), Blanked("mm", 16));
-    EXPECT_EQ(r.substr(kFirstSoma, 10), Blanked("100", 10));
-    EXPECT_EQ(r.substr(kReserved, 20), std::string(20, '\0'));
-  }
-  const std::string first = Record(bytes, 1);
-  EXPECT_EQ(first.substr(kSomaType, 25), Blanked("22/600", 25));
-  EXPECT_EQ(U32At(first, kUnitOutput), 0x432D199Au);  // 173.1f
-  EXPECT_EQ(F32At(first, kUnitArea), 0.24f);
-  EXPECT_EQ(F32At(first, kSomaHeight), 600.0f);
-  EXPECT_EQ(F32At(first, kSomaWidth), 100.0f);
-  EXPECT_EQ(F32At(first, kUnitWater), 0.6f);
-  EXPECT_EQ(I16At(first, kMinSteps), 4);
-  EXPECT_EQ(I16At(first, kMaxSteps), 30);
-  EXPECT_EQ(F32At(first, kSomaWeight), 27.9f);
-  EXPECT_EQ(first.substr(kDiscon, 100), Blanked("21,23,", 100));
-  const std::string second = Record(bytes, 2);
-  EXPECT_EQ(second.substr(kSomaType, 25), Blanked("22/900", 25));
-  EXPECT_EQ(F32At(second, kUnitArea), 0.0f);
-  EXPECT_EQ(I16At(second, kMaxSteps), 20);
-  EXPECT_EQ(second.substr(kDiscon, 100), std::string(100, ' '));
+  const std::string family =
+      "CategoryNo@0=0700 Category@4=c4efeae9ece1f3f4e9eadc20d0dcede5eb2028f4fdf0eff220323229+120 "
+      "MeanActiveTemp@149=00007042 Step@153=0000c842 StepUnits@157=6d6d+16 FirstSoma@173=313030+10 "
+      "Reserved@311=~20/0/0 ";
+  ExpectFields(Record(bytes, 1),
+               family +
+                   "RecordNo@2=0100 SomaType@124=32322f363030+25 UnitOutput@187=9a192d43 "
+                   "UnitArea@191=8fc2753e SomaHeight@195=00001644 SomaWidth@199=0000c842 "
+                   "UnitWater@203=9a99193f MinSteps@183=0400 MaxSteps@185=1e00 "
+                   "SomaWeight@207=3333df41 Discon@211=32312c32332c+100");
+  ExpectFields(Record(bytes, 2), family +
+                                     "RecordNo@2=0200 SomaType@124=32322f393030+25 "
+                                     "UnitArea@191=00000000 MaxSteps@185=1400 Discon@211=+100");
 }
 
 TEST(SomataSource, SoundSourceBecomesPackedRecords) {

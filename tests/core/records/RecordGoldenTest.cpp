@@ -2,60 +2,16 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "RecordFile.h"
+#include "RecordImage.h"
 #include "SheetRecords.h"
 #include "SomaRecord.h"
 #include "TempFolder.h"
 
 namespace {
-
-std::string FromHex(const std::string& hex) {
-  std::string out;
-  for (std::size_t i = 0; i + 1 < hex.size(); i += 2)
-    out += static_cast<char>(std::stoi(hex.substr(i, 2), nullptr, 16));
-  return out;
-}
-
-std::string Pattern(std::size_t width, int step, int start) {
-  std::string out;
-  for (std::size_t i = 0; i < width; ++i) out += static_cast<char>((start + step * i) & 0xFF);
-  return out;
-}
-
-// One field of the expected image: where it starts and the bytes it must hold.
-struct Span {
-  std::string Field;
-  std::size_t Offset;
-  std::string Bytes;
-};
-
-// An image written as "Name@offset=value ...": the value is hex bytes, "+width" pads them with
-// blanks to the field's width, and "~width/step/start" is the byte pattern of a reserved field.
-std::vector<Span> Image(const std::string& spec) {
-  std::vector<Span> spans;
-  std::istringstream in(spec);
-  for (std::string token; in >> token;) {
-    const std::size_t at = token.find('@'), eq = token.find('=');
-    const std::string value = token.substr(eq + 1);
-    Span s{token.substr(0, at), std::stoul(token.substr(at + 1)), {}};
-    if (value[0] == '~') {
-      int width = 0, step = 0, start = 0;
-      std::sscanf(value.c_str(), "~%d/%d/%d", &width, &step, &start);
-      s.Bytes = Pattern(width, step, start);
-    } else {
-      const std::size_t plus = value.find('+');
-      s.Bytes = FromHex(value.substr(0, plus));
-      if (plus != std::string::npos) s.Bytes.resize(std::stoul(value.substr(plus + 1)), ' ');
-    }
-    spans.push_back(s);
-  }
-  return spans;
-}
 
 // The known record lands on disk as the image, and the image read and written back stays
 // byte for byte the same.
@@ -66,12 +22,9 @@ void ExpectGolden(const T& known, const std::string& spec, std::size_t length) {
   RecordFile<T>(dir / "known").Write(1, known);
   const std::string disk = ReadAllBytes(dir / "known");
   ASSERT_EQ(disk.size(), length);
+  ExpectFields(disk, spec);
   std::string bytes(length, '\0');
-  for (const auto& s : Image(spec)) {
-    ASSERT_LE(s.Offset + s.Bytes.size(), length) << s.Field;
-    EXPECT_EQ(disk.substr(s.Offset, s.Bytes.size()), s.Bytes) << s.Field << " at " << s.Offset;
-    bytes.replace(s.Offset, s.Bytes.size(), s.Bytes);
-  }
+  for (const auto& f : ImageFields(spec)) bytes.replace(f.Offset, f.Bytes.size(), f.Bytes);
   WriteAllBytes(dir / "image", bytes);
   RecordFile<T>(dir / "back").Write(1, RecordFile<T>(dir / "image").Read(1));
   EXPECT_EQ(ReadAllBytes(dir / "back"), bytes);
