@@ -17,12 +17,12 @@ namespace {
 using fake::FakeChild;
 using fake::FakeMain;
 
-class ScriptDriverTest : public ::testing::Test {
- protected:
-  void SetUp() override { driver_.SetMainScreen(&main_); }
-  int Run(const std::string& text) { return driver_.RunText(text, "t.rvs", err_); }
+// The fake screens over a driver, with the main screen set.
+struct Rig {
+  Rig() { driver_.SetMainScreen(&main_); }
+  int RunScript(const std::string& text) { return driver_.RunText(text, "t.rvs", err_); }
   // Runs a script that must pass, showing the error when it does not.
-  void Pass(const std::string& text) { ASSERT_EQ(Run(text), 0) << err_.str(); }
+  void Pass(const std::string& text) { ASSERT_EQ(RunScript(text), 0) << err_.str(); }
 
   TempFolder folder_;
   ScriptedPrompter prompter_;
@@ -33,6 +33,8 @@ class ScriptDriverTest : public ::testing::Test {
   FakeChild child_{"FrmChild", driver_, log_, &grand_};
   FakeMain main_{prompter_, driver_, child_, log_};
 };
+
+class ScriptDriverTest : public ::testing::Test, protected Rig {};
 
 // The lines of a script as "number: word|word": a word written in quotes stands in «».
 std::string Shown(const std::vector<ScriptLine>& lines) {
@@ -175,7 +177,7 @@ TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
   driver_.SetCommandRunner([&](ScriptScreen& screen, const std::function<void()>& action) {
     boundary.Run(screen, action);
   });
-  EXPECT_EQ(Run("press FrmFake.CmdOpen\nexpect screen FrmFake\n"), 1);
+  EXPECT_EQ(RunScript("press FrmFake.CmdOpen\nexpect screen FrmFake\n"), 1);
   EXPECT_EQ(err_.str(), "t.rvs:2: αναμενόταν η οθόνη FrmFake, βρέθηκε η οθόνη FrmChild\n");
   EXPECT_TRUE(prompter_.History().empty());  // no fault box: the script stopped
 }
@@ -191,7 +193,7 @@ TEST_F(ScriptDriverTest, AScriptFileNamesItselfInItsErrors) {
   EXPECT_EQ(err_.str(), file.string() + ":2: αναμενόταν FrmFake.TxtValue \"1\", βρέθηκε \"85\"\n");
 }
 
-// Scripts that stop, each on a fresh driver over a folder holding KEEP.DAT (4 bytes): the error,
+// Scripts that stop, each on fresh screens over a folder holding KEEP.DAT (4 bytes): the error,
 // and what the screens did before the stop. The command that opened a screen never goes on,
 // and the driver is back at the main screen for the next run.
 TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFoundOrWhyTheLineCannotRun) {
@@ -235,20 +237,13 @@ TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFoundOrWhyTheLineCannotRu
        "t.rvs:2: FrmFake είναι ανοιχτή αλλά δεν δέχεται γραμμές τώρα: από πάνω είναι η FrmChild"},
   };
   for (const auto& c : cases) {
-    TempFolder folder;
-    WriteAllBytes(folder / "KEEP.DAT", "abcd");
-    ScriptedPrompter prompter;
-    std::ostringstream out, err;
-    ScriptDriver driver(prompter, folder.Path(), out);
-    std::vector<std::string> log;
-    FakeChild child("FrmChild", driver, log);
-    FakeMain main(prompter, driver, child, log);
-    driver.SetMainScreen(&main);
-    EXPECT_EQ(driver.RunText(c.Script, "t.rvs", err), 1) << c.Script;
-    EXPECT_EQ(err.str(), c.Error + "\n");
-    EXPECT_EQ(log, c.Log.empty() ? std::vector<std::string>{} : std::vector{c.Log}) << c.Script;
-    EXPECT_EQ(main.LblResult.Text, "") << c.Script;
-    EXPECT_EQ(driver.RunText("expect screen FrmFake\n", "u.rvs", err), 0) << err.str();
+    Rig rig;
+    WriteAllBytes(rig.folder_ / "KEEP.DAT", "abcd");
+    EXPECT_EQ(rig.RunScript(c.Script), 1) << c.Script;
+    EXPECT_EQ(rig.err_.str(), c.Error + "\n");
+    EXPECT_EQ(rig.log_, c.Log.empty() ? std::vector<std::string>{} : std::vector{c.Log});
+    EXPECT_EQ(rig.main_.LblResult.Text, "") << c.Script;
+    EXPECT_EQ(rig.RunScript("expect screen FrmFake\n"), 0) << rig.err_.str();
   }
 }
 

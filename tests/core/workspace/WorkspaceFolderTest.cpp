@@ -17,7 +17,9 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-TEST(WorkspaceFolder, CreatesTheFolderWithItsSubfoldersAndKeepsWhatItHolds) {
+// A folder that cannot be made, or a read-only one (as the file system would refuse it even to
+// the superuser), throws.
+TEST(WorkspaceFolder, CreatesTheFolderWithItsSubfoldersKeepsWhatItHoldsOrThrows) {
   TempFolder temp;
   const fs::path home = temp.Path() / "deep" / "home";
   fs::create_directories(home);
@@ -27,23 +29,13 @@ TEST(WorkspaceFolder, CreatesTheFolderWithItsSubfoldersAndKeepsWhatItHolds) {
   EXPECT_TRUE(fs::is_directory(home / "GMI"));
   EXPECT_EQ(ws.PathOf("RVLFiles/x.sht"), home / "RVLFiles" / "x.sht");
   EXPECT_EQ(Get(ws, "SHEETS.TMP"), "abc");
-}
-
-TEST(WorkspaceFolder, AFolderThatCannotBeMadeThrows) {
-  TempFolder temp;
   WriteAllBytes(temp / "plain", "x");
-  for (const fs::path& folder : {temp.Path() / "plain", temp.Path() / "plain" / "home"}) {
+  for (const fs::path& folder : {temp.Path() / "plain", temp.Path() / "plain" / "home"})
     EXPECT_TRUE(FaultOf([&] { Workspace ws(folder); }, "plain")) << folder;
-  }
-}
-
-// A read-only folder, as the file system would refuse it even to the superuser.
-TEST(WorkspaceFolder, AReadOnlyFolderThrows) {
-  TempFolder temp;
   Workspace::FailNextChange(std::make_error_code(std::errc::permission_denied));
-  EXPECT_EQ(FaultOf([&] { Workspace ws(temp.Path()); }, "Φάκελος " + temp.Path().string()),
+  EXPECT_EQ(FaultOf([&] { Workspace ws(home); }, "Φάκελος " + home.string()),
             FaultCode::PermissionDenied);
-  EXPECT_NO_THROW(Workspace{temp.Path()}) << "the failure is used once";
+  EXPECT_NO_THROW(Workspace{home}) << "the failure is used once";
 }
 
 TEST(WorkspaceFolder, ThePauseComesFromTheEnvironment) {
@@ -132,22 +124,17 @@ TEST_F(Seeding, ANewShippedFileArrivesInAnOldFolder) {
   EXPECT_EQ(Seed(), Names{});
 }
 
-TEST_F(Seeding, AMissingDataFolderSeedsNothing) {
-  fs::remove_all(data_);
-  EXPECT_EQ(Seed(), Names{});
-  EXPECT_FALSE(Has(".seeded"));
-}
-
-TEST_F(Seeding, AListThatCannotBeWrittenThrows) {
-  fs::create_directories(home_ / ".seeded.@@@");
-  EXPECT_THROW(Seed(), RuntimeFault);
-}
-
-TEST_F(Seeding, AReadOnlyFolderThrows) {
+// A missing data folder seeds nothing; a list that cannot be written or a read-only folder throws.
+TEST_F(Seeding, AMissingDataFolderSeedsNothingAndFailuresThrow) {
   Workspace ws(home_);
   Workspace::FailNextChange(std::make_error_code(std::errc::read_only_file_system));
   EXPECT_EQ(FaultOf([&] { ws.SeedFrom(data_); }, "0001.ztb"), FaultCode::PermissionDenied);
   EXPECT_FALSE(Has("0001.ztb"));
+  fs::create_directories(home_ / ".seeded.@@@");
+  EXPECT_THROW(Seed(), RuntimeFault);
+  fs::remove_all(data_);
+  EXPECT_EQ(Seed(), Names{});
+  EXPECT_FALSE(Has(".seeded"));
 }
 
 }  // namespace
