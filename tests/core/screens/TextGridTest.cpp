@@ -48,22 +48,17 @@ TEST(TextGrid, ReadsOutsideGiveEmptyAndWritesOutsideAreIgnored) {
     for (int c = 1; c <= 4; ++c) EXPECT_EQ(g.Text(r, c), Name(r, c));
 }
 
+// Rows above the last row with text count although empty.
 TEST(TextGrid, DataRowCountIsTheLastRowWithText) {
-  struct Case {
-    std::vector<std::pair<int, int>> Filled;
-    int Count;
-  };
-  const std::vector<Case> cases = {
-      {{}, 0},
-      {{{1, 1}}, 1},
-      {{{3, 4}}, 3},  // rows 1 and 2 count although empty
-      {{{2, 1}, {5, 3}}, 5},
-      {{{8, 14}}, 8},
-  };
-  for (const auto& c : cases) {
+  using Filled = std::vector<std::pair<int, int>>;
+  for (const auto& [filled, count] : {std::pair{Filled{}, 0},
+                                      {Filled{{1, 1}}, 1},
+                                      {Filled{{3, 4}}, 3},
+                                      {Filled{{2, 1}, {5, 3}}, 5},
+                                      {Filled{{8, 14}}, 8}}) {
     TextGrid g(8, 14);
-    for (const auto& [r, col] : c.Filled) g.SetText(r, col, "1");
-    EXPECT_EQ(g.DataRowCount(), c.Count);
+    for (const auto& [r, c] : filled) g.SetText(r, c, "1");
+    EXPECT_EQ(g.DataRowCount(), count);
   }
   TextGrid g(8, 14);
   g.SetText(4, 2, "x");
@@ -128,18 +123,15 @@ TEST(TextGrid, ClearsKeepLocksAndLists) {
 }
 
 TEST(TextGrid, SetActiveCellClampsToTheGridAndTheBlockIsKept) {
-  struct Case {
-    int Row, Col, WantRow, WantCol;
-  };
-  const std::vector<Case> cases = {{3, 2, 3, 2}, {0, 0, 1, 1},   {-4, 9, 1, 4},
-                                   {6, 4, 5, 4}, {99, -1, 5, 1}, {5, 4, 5, 4}};
-  for (const auto& c : cases) {
-    TextGrid g(5, 4);
-    g.SetActiveCell(c.Row, c.Col);
-    EXPECT_EQ(g.ActiveRow(), c.WantRow) << c.Row << "," << c.Col;
-    EXPECT_EQ(g.ActiveCol(), c.WantCol) << c.Row << "," << c.Col;
-  }
   TextGrid g(5, 4);
+  const std::pair<std::pair<int, int>, std::pair<int, int>> cases[] = {
+      {{3, 2}, {3, 2}}, {{0, 0}, {1, 1}},   {{-4, 9}, {1, 4}},
+      {{6, 4}, {5, 4}}, {{99, -1}, {5, 1}}, {{5, 4}, {5, 4}}};
+  for (const auto& [asked, active] : cases) {
+    g.SetActiveCell(asked.first, asked.second);
+    EXPECT_EQ(std::pair(g.ActiveRow(), g.ActiveCol()), active)
+        << asked.first << "," << asked.second;
+  }
   EXPECT_TRUE(g.Block().Empty());
   g.SetBlock({.Col1 = 1, .Row1 = 2, .Col2 = 3, .Row2 = 4});
   EXPECT_FALSE(g.Block().Empty());
