@@ -100,6 +100,8 @@ TEST_F(ScriptDriverTest, QuestionsAndFileDialogsTakeTheQueuedAnswersThenTheirDef
   Pass(R"(answer NO
 answer YES
 answer NO
+press FrmFake.CmdGo
+expect message "... ΠΡΟΣΟΧΗ ..."
 press FrmFake.CmdAsk
 expect FrmFake.LblResult "NO"
 press FrmFake.CmdAsk
@@ -116,7 +118,9 @@ press FrmFake.CmdFile
 expect FrmFake.LblResult "cancel"
 )");
   const std::string asked = "[message] !! ΠΡΟΣΟΧΗ !! | ... ΣΥΝΕΧΕΙΑ ; ... -> ";
-  EXPECT_EQ(out_.str(), asked + "NO\n" + asked + "YES\n" + asked + "NO\n" + asked + "YES\n");
+  // The warning box of CmdGo takes no queued answer.
+  EXPECT_EQ(out_.str(), "[message] ... ΠΡΟΣΟΧΗ ... | ... ΓΡΑΜΜΗ 1 ... | ... ΓΡΑΜΜΗ 2 ...\n" +
+                            asked + "NO\n" + asked + "YES\n" + asked + "NO\n" + asked + "YES\n");
   EXPECT_FALSE(driver_.TakeFileAnswer().has_value());
 }
 
@@ -247,35 +251,14 @@ TEST(ScriptDriverFailure, SaysWhatWasExpectedAndWhatWasFoundOrWhyTheLineCannotRu
   }
 }
 
-// The scripted prompter beyond what the driver's tests show through it: an OK box leaves the
-// queued answers alone, a question without a default presses its first button, a box of a title
-// alone prints as the title.
-Message Asking(Answer byDefault) {
-  Message m;
-  m.Title = "!! ΠΡΟΣΟΧΗ !!";
-  m.Lines = {"... ΘΑ ΔΙΑΓΡΑΦΟΥΝ ...", "... ΣΥΝΕΧΕΙΑ ; ..."};
-  m.Buttons = MessageButtons::YesNo;
-  m.Default = byDefault;
-  return m;
-}
-
-TEST(ScriptedPrompter, AnOkBoxTakesNoQueuedAnswerAndAQuestionWithoutADefaultSaysYes) {
+// Beyond what the driver's tests show: a question with no answer queued takes its default.
+TEST(ScriptedPrompter, AQuestionWithoutAQueuedAnswerTakesItsDefault) {
   ScriptedPrompter p;
-  p.QueueAnswer(Answer::No);
-  Message ok;
-  ok.Title = "... ΠΡΟΣΟΧΗ ...";
-  EXPECT_EQ(p.Show(ok), Answer::Ok);
-  EXPECT_EQ(ok.OneLine(), "... ΠΡΟΣΟΧΗ ...");
-  EXPECT_EQ(AnswerText(Answer::Ok), "");
-  EXPECT_EQ(p.Show(Asking(Answer::Yes)), Answer::No);
-  EXPECT_FALSE(p.HasQueuedAnswers());
-  EXPECT_EQ(p.Show(Asking(Answer::Ok)), Answer::Yes);
-  EXPECT_EQ(p.Show(Asking(Answer::No)), Answer::No);
-  const std::vector<Answer> given = {Answer::Ok, Answer::No, Answer::Yes, Answer::No};
-  ASSERT_EQ(p.History().size(), given.size());
-  for (std::size_t i = 0; i < given.size(); ++i) EXPECT_EQ(p.History()[i].Given, given[i]);
-  p.Clear();
-  EXPECT_TRUE(p.History().empty());
+  Message question = fake::Box("!! ΠΡΟΣΟΧΗ !!", {"... ΣΥΝΕΧΕΙΑ ; ..."}, true);
+  question.Default = Answer::No;
+  EXPECT_EQ(p.Show(question), Answer::No);
+  question.Default = Answer::Yes;
+  EXPECT_EQ(p.Show(question), Answer::Yes);
 }
 
 }  // namespace
