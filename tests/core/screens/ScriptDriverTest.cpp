@@ -75,23 +75,39 @@ TEST(ParseScript, RefusesBrokenQuotes) {
   }
 }
 
-// Grid edits, named choices and single selections are what the acceptance scripts do all
-// along; these are the forms they do not use.
-TEST_F(ScriptDriverTest, GridsAreClickedAndMarkedAndListsChosenByPlace) {
-  Pass(R"(click FrmFake.Grid 3 4
+// Every form of action, each through the command runner: grid edits, named choices and single
+// selections are what the acceptance scripts do all along; these are the forms they do not use.
+TEST_F(ScriptDriverTest, EveryActionRunsThroughTheCommandRunner) {
+  int commands = 0;
+  driver_.SetCommandRunner([&](ScriptScreen&, const std::function<void()>& action) {
+    ++commands;
+    action();
+  });
+  Pass(R"(set FrmFake.TxtValue "1"
+expect FrmFake.TxtValue "1"
+press FrmFake.CmdOpen
+set FrmChild.TxtName "x"
+press FrmChild.CmdOK
+key FrmFake F1
+cell FrmFake.Grid 1 1 "2"
+click FrmFake.Grid 3 4
 mark FrmFake.Grid 1 2 3 4
 choose FrmFake.CboPipes #0
 expect FrmFake.CboPipes "Φ14x1"
 expect FrmFake.CboPipes "Φ14x1" "Φ16x1" "Φ18x1"
 expect FrmFake.LstEmpty
 select FrmFake.LstFiles "a.sht" "c.sht"
+close FrmFake
+answer YES
 )");
+  EXPECT_EQ(commands, 11);
+  EXPECT_EQ(log_, (std::vector<std::string>{"FrmChild returned", "key F1", "edit 1 1",
+                                            "pipes clicked", "FrmFake close box"}));
   EXPECT_EQ(main_.Grid.ActiveRow(), 3);
   EXPECT_EQ(main_.Grid.ActiveCol(), 4);
   const CellBlock b = main_.Grid.Block();
   EXPECT_EQ((std::vector<int>{b.Row1, b.Col1, b.Row2, b.Col2}), (std::vector<int>{1, 2, 3, 4}));
   EXPECT_EQ(main_.LstFiles.Selected, (std::vector<bool>{true, false, true}));
-  EXPECT_EQ(log_, (std::vector<std::string>{"pipes clicked"}));
   Pass("select FrmFake.LstFiles\n");
   EXPECT_EQ(main_.LstFiles.Selected, (std::vector<bool>{false, false, false}));
 }
@@ -148,29 +164,6 @@ expect FrmFake.LblResult "after child: "
 )");
   EXPECT_EQ(child_.Result, "");  // OK took the name box, which the script never typed into
   EXPECT_EQ(grand_.Result, "Γιώργος");
-}
-
-TEST_F(ScriptDriverTest, EveryActionRunsThroughTheCommandRunner) {
-  int commands = 0;
-  driver_.SetCommandRunner([&](ScriptScreen&, const std::function<void()>& action) {
-    ++commands;
-    action();
-  });
-  Pass(R"(set FrmFake.TxtValue "1"
-expect FrmFake.TxtValue "1"
-press FrmFake.CmdOpen
-set FrmChild.TxtName "x"
-press FrmChild.CmdOK
-key FrmFake F1
-cell FrmFake.Grid 1 1 "2"
-click FrmFake.Grid 1 1
-mark FrmFake.Grid 1 1 2 2
-choose FrmFake.CboPipes #2
-select FrmFake.LstFiles "a.sht"
-close FrmFake
-answer YES
-)");
-  EXPECT_EQ(commands, 11);
 }
 
 TEST_F(ScriptDriverTest, AFailureInsideAModalScreenPassesTheCommandBoundary) {
