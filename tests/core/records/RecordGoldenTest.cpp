@@ -1,9 +1,7 @@
 // The three records byte by byte, as they land on disk through RecordFile.
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
-#include <vector>
 
 #include "RecordFile.h"
 #include "RecordImage.h"

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 

@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
-#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
