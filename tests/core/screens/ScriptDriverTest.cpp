@@ -35,8 +35,15 @@ struct Rig {
 
 class ScriptDriverTest : public ::testing::Test, protected Rig {};
 
-// The lines of a script as "number: word|word": a word written in quotes stands in «».
-std::string Shown(const std::vector<ScriptLine>& lines) {
+// The lines of a script as "number: word|word": a word written in quotes stands in «». A script
+// refused shows the line of the refusal.
+std::string Parsed(const std::string& text) {
+  std::vector<ScriptLine> lines;
+  try {
+    lines = ParseScript(text);
+  } catch (const ScriptError& e) {
+    return "refused at " + std::to_string(e.Line);
+  }
   std::string out;
   for (const ScriptLine& line : lines) {
     out += (out.empty() ? "" : " / ") + std::to_string(line.Number) + ":";
@@ -46,7 +53,8 @@ std::string Shown(const std::vector<ScriptLine>& lines) {
   return out;
 }
 
-TEST(ParseScript, SplitsWordsKeepsQuotesAndDropsComments) {
+// A quote left open or closed before the end of a word is refused.
+TEST(ParseScript, SplitsWordsKeepsQuotesDropsCommentsAndRefusesBrokenQuotes) {
   const std::pair<const char*, const char*> cases[] = {
       {"set FrmA.Txt \"Οικία Παπαδόπουλου\"     # focus, type, leave",
        "1: set|FrmA.Txt|«Οικία Παπαδόπουλου»"},
@@ -59,19 +67,11 @@ TEST(ParseScript, SplitsWordsKeepsQuotesAndDropsComments) {
       {"answer file \"a\\b\"", "1: answer|file|«a\\b»"},
       {"expect FrmA.Txt \"#1\"", "1: expect|FrmA.Txt|«#1»"},
       {"\xEF\xBB\xBF# a script\n\nset a \"b\"\r\n   \n#2 press\nkey F F1",
-       "3: set|a|«b» / 6: key|F|F1"}};
-  for (const auto& [text, shown] : cases) EXPECT_EQ(Shown(ParseScript(text)), shown) << text;
-}
-
-TEST(ParseScript, RefusesBrokenQuotes) {
-  for (const char* text : {"key a b\nset a \"b", "\nset a \"b\\\"", "\nset a \"b\"c"}) {
-    try {
-      ParseScript(text);
-      ADD_FAILURE() << text;
-    } catch (const ScriptError& e) {
-      EXPECT_EQ(e.Line, 2) << text;
-    }
-  }
+       "3: set|a|«b» / 6: key|F|F1"},
+      {"key a b\nset a \"b", "refused at 2"},
+      {"\nset a \"b\\\"", "refused at 2"},
+      {"\nset a \"b\"c", "refused at 2"}};
+  for (const auto& [text, shown] : cases) EXPECT_EQ(Parsed(text), shown) << text;
 }
 
 // Every form of action, each through the command runner: grid edits, named choices and single
