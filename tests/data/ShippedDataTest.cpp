@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "RecordImage.h"
@@ -124,33 +125,24 @@ TEST(ShippedFamilies, EveryFileIsSound) {
 
 // The stepped ratings are EN 442 figures at 75/65/20 (50 K) brought to 80/20 (60 K):
 // Q60 = Q50 × 1.2^n, in Kcal/h at 0.8598 a watt, to 0.1 Kcal/h. Q50 is per step here.
-struct Rating {
-  const char* File;
-  const char* Model;
-  double Q50;  // W per step
-  double N;
-};
-const Rating kRatings[] = {
-    {kPanelFile, "11/300", 46, 1.30},      {kPanelFile, "11/450", 65, 1.30},
-    {kPanelFile, "11/600", 82, 1.30},      {kPanelFile, "11/900", 114, 1.30},
-    {kPanelFile, "22/300", 87, 1.33},      {kPanelFile, "22/450", 123, 1.33},
-    {kPanelFile, "22/600", 158, 1.33},     {kPanelFile, "22/900", 220, 1.33},
-    {kPanelFile, "33/300", 126, 1.34},     {kPanelFile, "33/450", 175, 1.34},
-    {kPanelFile, "33/600", 225, 1.34},     {kPanelFile, "33/900", 310, 1.34},
-    {kAluminiumFile, "Al-350", 99, 1.31},  {kAluminiumFile, "Al-500", 134, 1.33},
-    {kAluminiumFile, "Al-600", 153, 1.33}, {kAluminiumFile, "Al-700", 172, 1.34},
-    {kAluminiumFile, "Al-800", 191, 1.35},
-};
+// The model, its Q50 in W per step and its exponent n; the "Al-" models are the aluminium
+// family's, the others the panels'.
+const std::tuple<const char*, double, double> kRatings[] = {
+    {"11/300", 46, 1.30},  {"11/450", 65, 1.30},  {"11/600", 82, 1.30},  {"11/900", 114, 1.30},
+    {"22/300", 87, 1.33},  {"22/450", 123, 1.33}, {"22/600", 158, 1.33}, {"22/900", 220, 1.33},
+    {"33/300", 126, 1.34}, {"33/450", 175, 1.34}, {"33/600", 225, 1.34}, {"33/900", 310, 1.34},
+    {"Al-350", 99, 1.31},  {"Al-500", 134, 1.33}, {"Al-600", 153, 1.33}, {"Al-700", 172, 1.34},
+    {"Al-800", 191, 1.35}};
 
 TEST(ShippedFamilies, SteppedRatingsAreTheEn442FiguresAt80Over20) {
   std::map<std::string, int> rated;
-  for (const Rating& rating : kRatings) {
-    SCOPED_TRACE(std::string(rating.File) + " " + rating.Model);
-    const std::vector<std::string> found = RecordsOf(Shipped(rating.File), rating.Model);
+  for (const auto& [model, q50, n] : kRatings) {
+    const char* file = std::string(model).starts_with("Al-") ? kAluminiumFile : kPanelFile;
+    SCOPED_TRACE(std::string(file) + " " + model);
+    const std::vector<std::string> found = RecordsOf(Shipped(file), model);
     ASSERT_EQ(found.size(), 1u);
-    const double expected = rating.Q50 * std::pow(1.2, rating.N) * 0.8598;
-    EXPECT_NEAR(F32At(found[0], kUnitOutput), expected, 0.05 + 1e-4);
-    ++rated[rating.File];
+    EXPECT_NEAR(F32At(found[0], kUnitOutput), q50 * std::pow(1.2, n) * 0.8598, 0.05 + 1e-4);
+    ++rated[file];
   }
   // Every model of the two families has its rating checked above.
   EXPECT_EQ(rated[kPanelFile], RecordCount(Shipped(kPanelFile)));

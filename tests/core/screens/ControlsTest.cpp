@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "Controls.h"
@@ -51,21 +52,17 @@ bool DigitsOnly(char32_t ch) {
 }
 
 TEST(TypeIntoTextBox, TypesThroughTheFilterOverTheSelectedText) {
-  struct Case {
-    const char* Old;
-    const char* Typed;
-    const char* Want;
-  };
-  const std::vector<Case> cases = {
-      {"45", "12a3", "123"},  // the refused letter is dropped, the rest replaces "45"
-      {"45", "abc", "45"},    // nothing accepted: the selection stays as it was
-      {"45", "", ""},         // an empty text clears the box
-      {"", "7", "7"},        {"45", "a9", "9"},
-  };
-  for (const auto& c : cases) {
-    Field field{c.Old};
-    TypeIntoTextBox(field, {nullptr, DigitsOnly, nullptr}, c.Typed);
-    EXPECT_EQ(field.Text, c.Want) << c.Old << " <- " << c.Typed;
+  // The old text, what is typed, the text then: a refused letter is dropped and the rest replaces
+  // the old text; nothing accepted leaves the selection as it was; an empty text clears the box.
+  const std::tuple<const char*, const char*, const char*> cases[] = {{"45", "12a3", "123"},
+                                                                     {"45", "abc", "45"},
+                                                                     {"45", "", ""},
+                                                                     {"", "7", "7"},
+                                                                     {"45", "a9", "9"}};
+  for (const auto& [old, typed, want] : cases) {
+    Field field{old};
+    TypeIntoTextBox(field, {nullptr, DigitsOnly, nullptr}, typed);
+    EXPECT_EQ(field.Text, want) << old << " <- " << typed;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <tuple>
 #include <vector>
 
 #include "Faults.h"
@@ -50,12 +51,10 @@ TEST(WorkspaceFolder, ThePauseComesFromTheEnvironment) {
 }
 
 TEST(WorkspaceFolder, ResolvedInTheOrderOfPlaces) {
-  struct Case {
-    std::optional<std::string> Home, RavoHome, XdgDataHome;
-    std::string Expected;
-  };
+  // The folder asked for, RAVOLINETTE_HOME, XDG_DATA_HOME and the folder they make.
   const std::optional<std::string> none;
-  const Case cases[] = {
+  using Env = std::optional<std::string>;
+  const std::tuple<Env, Env, Env, std::string> cases[] = {
       {"/w/opt", "/w/env", "/w/xdg", "/w/opt"},
       {"", "/w/env", "/w/xdg", "/w/env"},
       {none, "", "/w/xdg", "/w/xdg/ravolinette"},
@@ -64,10 +63,10 @@ TEST(WorkspaceFolder, ResolvedInTheOrderOfPlaces) {
       {"/w/Μελέτες", none, none, "/w/Μελέτες"},
   };
   const ScopedEnv user("HOME", "/home/eng");
-  for (const Case& c : cases) {
-    const ScopedEnv ravo("RAVOLINETTE_HOME", c.RavoHome);
-    const ScopedEnv xdg("XDG_DATA_HOME", c.XdgDataHome);
-    EXPECT_EQ(Workspace::ResolveProgramFolder(c.Home), fs::path(c.Expected));
+  for (const auto& [home, ravoHome, xdgDataHome, expected] : cases) {
+    const ScopedEnv ravo("RAVOLINETTE_HOME", ravoHome);
+    const ScopedEnv xdg("XDG_DATA_HOME", xdgDataHome);
+    EXPECT_EQ(Workspace::ResolveProgramFolder(home), fs::path(expected));
   }
   const ScopedEnv data("RAVOLINETTE_DATA", std::nullopt);
   EXPECT_EQ(Workspace::InstalledDataFolder("/opt/ravo/bin/ravolinette"),
