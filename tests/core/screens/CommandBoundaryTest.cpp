@@ -35,10 +35,8 @@ class CommandBoundaryTest : public ::testing::Test {
 // one) and the box tells what failed; the program goes on. A script that stops is no failure.
 TEST_F(CommandBoundaryTest, EveryFailurePutsTheWorkingFilesBackAndIsToldInGreek) {
   const std::string before("\x01\x00\xC1\xC2 record", 11);
-  const struct {
-    std::function<void()> Throw;
-    std::vector<std::string> Lines;
-  } cases[] = {
+  // What escapes, and the lines the box tells it in.
+  const std::pair<std::function<void()>, std::vector<std::string>> cases[] = {
       {[] { throw RuntimeFault(FaultCode::DivisionByZero, "SHEETS.TMP"); },
        {Line(FaultCode::DivisionByZero), "... SHEETS.TMP ..."}},
       {[] { throw std::out_of_range("vector index 9"); },
@@ -46,20 +44,20 @@ TEST_F(CommandBoundaryTest, EveryFailurePutsTheWorkingFilesBackAndIsToldInGreek)
       {[] { throw 42; }, {Line(FaultCode::Internal)}},
       {[] { throw RuntimeFault(FaultCode::Overflow); }, {Line(FaultCode::Overflow)}},
   };
-  for (const auto& c : cases) {
+  for (const auto& [escape, told] : cases) {
     prompter_.Clear();
     WriteAllBytes(folder_ / "SHEETS.TMP", before);
     EXPECT_FALSE(boundary_.Run([&] {
       Overwrite("SHEETS.TMP", "half-written");
       Overwrite("LOOPS.TMP", "new file");
-      c.Throw();
+      escape();
     }));
     EXPECT_EQ(Bytes("SHEETS.TMP"), before);
     EXPECT_FALSE(std::filesystem::exists(folder_ / "LOOPS.TMP"));
     ASSERT_EQ(prompter_.History().size(), 1u);
     const Message& m = prompter_.History()[0].Box;
     EXPECT_EQ(m.Title, "... ΣΦΑΛΜΑ ΕΚΤΕΛΕΣΗΣ ...");
-    auto lines = c.Lines;
+    auto lines = told;
     lines.push_back("... Η εντολή διακόπηκε. Τα αρχεία εργασίας έμειναν όπως ήταν ...");
     EXPECT_EQ(m.Lines, lines);
     EXPECT_EQ(m.Buttons, MessageButtons::Ok);
