@@ -8,17 +8,11 @@
 
 namespace {
 
-// Every key the scripts name, in its usual spelling, which is also the name KeyName gives back.
-struct KeyCase {
-  const char* Name;
-  KeyCode Code;
-  bool Ctrl, Shift;
-  char32_t Char;
-};
-
+// Every key the scripts name, in its usual spelling, which is also the name KeyName gives back:
+// the name, the code, Ctrl, Shift and the character.
 TEST(ParseKeyName, KnowsEveryKeyTheScriptsNameAndKeyNameGivesTheUsualSpellingBack) {
   using enum KeyCode;
-  const KeyCase cases[] = {
+  const std::tuple<const char*, KeyCode, bool, bool, char32_t> cases[] = {
       {"F1", F1, 0, 0, 0},         {"F2", F2, 0, 0, 0},          {"F9", F9, 0, 0, 0},
       {"F10", F10, 0, 0, 0},       {"F12", F12, 0, 0, 0},        {"Enter", Enter, 0, 0, 0},
       {"Esc", Escape, 0, 0, 0},    {"Tab", Tab, 0, 0, 0},        {"PgDn", PageDown, 0, 0, 0},
@@ -29,11 +23,11 @@ TEST(ParseKeyName, KnowsEveryKeyTheScriptsNameAndKeyNameGivesTheUsualSpellingBac
       {"Q", Char, 0, 0, 'Q'},      {"5", Char, 0, 0, '5'},       {"Backspace", Backspace, 0, 0, 0},
       {"Delete", Delete, 0, 0, 0}, {"Up", Up, 0, 0, 0},          {"Down", Down, 0, 0, 0},
       {"Left", Left, 0, 0, 0},     {"Right", Right, 0, 0, 0},    {"Ctrl-Shift-F5", F5, 1, 1, 0}};
-  for (const auto& c : cases) {
-    const auto got = ParseKeyName(c.Name);
-    ASSERT_TRUE(got.has_value()) << c.Name;
-    EXPECT_EQ(*got, (KeyStroke{c.Code, c.Ctrl, c.Shift, false, c.Char})) << c.Name;
-    EXPECT_EQ(KeyName(*got), c.Name);
+  for (const auto& [name, code, ctrl, shift, ch] : cases) {
+    const auto got = ParseKeyName(name);
+    ASSERT_TRUE(got.has_value()) << name;
+    EXPECT_EQ(*got, (KeyStroke{code, ctrl, shift, false, ch})) << name;
+    EXPECT_EQ(KeyName(*got), name);
   }
   // Other spellings read as the usual one.
   const std::pair<const char*, const char*> spellings[] = {

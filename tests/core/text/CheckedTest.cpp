@@ -32,14 +32,13 @@ TEST(Checked, CSngTakesEveryValueThatRoundsIntoASingle) {
 }
 
 TEST(Checked, ModAndBackslashRoundTheirOperandsFirst) {
-  const struct {
-    double A, B;
-    int32_t Mod, Quotient;
-  } cases[] = {{-7, 3, -1, -2}, {7, -3, 1, -2}, {7, 3, 1, 2},   {5.5, 2, 0, 3},
-               {2.5, 2, 0, 1},  {7.5, 2, 0, 4}, {5, 1.5, 1, 2}, {10, 2.5, 0, 5}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(VbMod(c.A, c.B), c.Mod) << c.A << " Mod " << c.B;
-    EXPECT_EQ(VbIntDiv(c.A, c.B), c.Quotient) << c.A << " \\ " << c.B;
+  // a, b, a Mod b, a \\ b
+  const std::tuple<double, double, int32_t, int32_t> cases[] = {
+      {-7, 3, -1, -2}, {7, -3, 1, -2}, {7, 3, 1, 2},   {5.5, 2, 0, 3},
+      {2.5, 2, 0, 1},  {7.5, 2, 0, 4}, {5, 1.5, 1, 2}, {10, 2.5, 0, 5}};
+  for (const auto& [a, b, mod, quotient] : cases) {
+    EXPECT_EQ(VbMod(a, b), mod) << a << " Mod " << b;
+    EXPECT_EQ(VbIntDiv(a, b), quotient) << a << " \\ " << b;
   }
   EXPECT_EQ(VbMod(-2147483648.0, -1), 0);
   EXPECT_EQ(AddI16(32766, 1), 32767);
