@@ -25,11 +25,9 @@ std::optional<std::string> ViaIconv(iconv_t cd, std::string in) {
 const std::set<int> kUndefinedBytes = {0x81, 0x88, 0x8A, 0x8C, 0x8D, 0x8E, 0x8F, 0x90, 0x98,
                                        0x9A, 0x9C, 0x9D, 0x9E, 0x9F, 0xAA, 0xD2, 0xFF};
 
+// The bytes iconv refuses read as themselves, but for the three of the private use area.
 char32_t UndefinedByteCharacter(int byte) {
-  if (byte == 0xAA) return 0xF8F9;
-  if (byte == 0xD2) return 0xF8FA;
-  if (byte == 0xFF) return 0xF8FB;
-  return static_cast<char32_t>(byte);
+  return byte == 0xAA ? 0xF8F9 : byte == 0xD2 ? 0xF8FA : byte == 0xFF ? 0xF8FB : byte;
 }
 
 TEST(Cp1253, EveryByteReadsAsIconvReadsIt) {
