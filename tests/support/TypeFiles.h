@@ -22,38 +22,21 @@ inline void WriteTypeFile(const std::filesystem::path& file, int16_t categoryNo,
   }
 }
 
-// The family with sections, one record per model of the rating table.
+// The family with sections, one record per model of the rating table. The fields stand in the
+// order of the record.
 inline std::vector<SomaRecord> SectionModels(float unitWater) {
   std::vector<SomaRecord> models;
-  for (const SectionRating& r : SectionRatings()) {
-    SomaRecord m;
-    m.SomaType = r.Model;
-    m.Step = 40;
-    m.StepUnits = "Στοιχεία";
-    m.FirstSoma = "40";
-    m.MinSteps = 1;
-    m.MaxSteps = 40;
-    m.UnitOutput = r.Output;
-    m.UnitArea = r.Area;
-    m.UnitWater = unitWater;
-    models.push_back(m);
-  }
+  for (const SectionRating& r : SectionRatings())
+    models.push_back({0, 0, "", r.Model, 0, 40, "Στοιχεία", "40", 1, 40, float(r.Output), r.Area, 0,
+                      0, unitWater, 0, "", ""});
   return models;
 }
 
-// A stepped model: output per step at 80/20, sizes in steps, the discontinuities.
+// A stepped model: output per step at 80/20, sizes in steps, the discontinuities (in the order
+// of the record's fields).
 inline SomaRecord Stepped(const std::string& type, float unitOutput, float unitArea, float step,
                           const std::string& firstSoma, int16_t minSteps, int16_t maxSteps,
                           const std::string& discon) {
-  SomaRecord m;
-  m.SomaType = type;
-  m.UnitOutput = unitOutput;
-  m.UnitArea = unitArea;
-  m.Step = step;
-  m.StepUnits = "mm";
-  m.FirstSoma = firstSoma;
-  m.MinSteps = minSteps;
-  m.MaxSteps = maxSteps;
-  m.Discon = discon;
-  return m;
+  return {0,        0,          "",       type, 0, step, "mm", firstSoma, minSteps,
+          maxSteps, unitOutput, unitArea, 0,    0, 0,    0,    discon,    ""};
 }

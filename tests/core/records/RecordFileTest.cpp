@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -97,22 +98,17 @@ TEST(RecordFile, FailuresOfTheFileSystemThrowTheirFault) {
   TempFolder dir;
   fs::create_directory(dir / "AFOLDER");
   WriteAllBytes(dir / "AFILE", "x");
-  const struct {
-    std::string Name;
-    RecordFileMode Mode;
-    FaultCode Code;
-  } cases[] = {
-      {"AFOLDER", RecordFileMode::ReadWrite, FaultCode::PathFileAccess},
-      {"AFOLDER", RecordFileMode::ReadOnly, FaultCode::PathFileAccess},
-      {"NOFOLDER/SHEETS.TMP", RecordFileMode::ReadWrite, FaultCode::PathNotFound},
-      {"AFILE/SHEETS.TMP", RecordFileMode::ReadWrite, FaultCode::PathFileAccess},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(FaultOf([&] { RecordFile<SheetRecord>(dir / c.Name, c.Mode); },
-                      fs::path(c.Name).filename().string()),
-              c.Code)
-        << c.Name;
-  }
+  using enum RecordFileMode;
+  const std::tuple<std::string, RecordFileMode, FaultCode> cases[] = {
+      {"AFOLDER", ReadWrite, FaultCode::PathFileAccess},
+      {"AFOLDER", ReadOnly, FaultCode::PathFileAccess},
+      {"NOFOLDER/SHEETS.TMP", ReadWrite, FaultCode::PathNotFound},
+      {"AFILE/SHEETS.TMP", ReadWrite, FaultCode::PathFileAccess}};
+  for (const auto& [name, mode, code] : cases)
+    EXPECT_EQ(FaultOf([&] { RecordFile<SheetRecord>(dir / name, mode); },
+                      fs::path(name).filename().string()),
+              code)
+        << name;
   EXPECT_FALSE(fs::exists(dir / "NOFOLDER"));
   // The kernel's own folders refuse a new file even to the superuser.
   if (fs::is_directory("/sys/kernel")) {

@@ -1,73 +1,40 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "Controls.h"
 
 namespace {
 
-KeyStroke Key(KeyCode code, bool ctrl = false, bool shift = false, char32_t ch = 0) {
-  KeyStroke k;
-  k.Code = code;
-  k.Ctrl = ctrl;
-  k.Shift = shift;
-  k.Char = ch;
-  return k;
-}
-
-// Every key the scripts name; a name in its usual spelling is also the name KeyName gives back.
+// Every key the scripts name, in its usual spelling, which is also the name KeyName gives back:
+// the name, the code, Ctrl, Shift and the character.
 TEST(ParseKeyName, KnowsEveryKeyTheScriptsNameAndKeyNameGivesTheUsualSpellingBack) {
-  struct Case {
-    const char* Name;
-    KeyStroke Want;
-    bool Usual = true;
-  };
-  const std::vector<Case> cases = {
-      {"F1", Key(KeyCode::F1)},
-      {"F2", Key(KeyCode::F2)},
-      {"F9", Key(KeyCode::F9)},
-      {"F10", Key(KeyCode::F10)},
-      {"F12", Key(KeyCode::F12)},
-      {"Enter", Key(KeyCode::Enter)},
-      {"Esc", Key(KeyCode::Escape)},
-      {"Tab", Key(KeyCode::Tab)},
-      {"PgDn", Key(KeyCode::PageDown)},
-      {"PgUp", Key(KeyCode::PageUp)},
-      {"Home", Key(KeyCode::Home)},
-      {"Ctrl-Home", Key(KeyCode::Home, true)},
-      {"Ctrl-End", Key(KeyCode::End, true)},
-      {"Ctrl-S", Key(KeyCode::Char, true, false, U'S')},
-      {"Ctrl-O", Key(KeyCode::Char, true, false, U'O')},
-      {"Ctrl-P", Key(KeyCode::Char, true, false, U'P')},
-      {"Ctrl-W", Key(KeyCode::Char, true, false, U'W')},
-      {"Shift-F12", Key(KeyCode::F12, false, true)},
-      {"Plus", Key(KeyCode::NumPlus)},
-      {"Minus", Key(KeyCode::NumMinus)},
-      {"Shift-Q", Key(KeyCode::Char, false, true, U'Q')},
-      {"Q", Key(KeyCode::Char, false, false, U'Q')},
-      {"Backspace", Key(KeyCode::Backspace)},
-      {"Delete", Key(KeyCode::Delete)},
-      {"Up", Key(KeyCode::Up)},
-      {"Down", Key(KeyCode::Down)},
-      {"Left", Key(KeyCode::Left)},
-      {"Right", Key(KeyCode::Right)},
-      {"Ctrl-Shift-F5", Key(KeyCode::F5, true, true)},
-      {"5", Key(KeyCode::Char, false, false, U'5'), false},
-      {"q", Key(KeyCode::Char, false, false, U'Q'), false},
-      {"Escape", Key(KeyCode::Escape), false},
-      {"enter", Key(KeyCode::Enter), false},
-      {"PageDown", Key(KeyCode::PageDown), false},
-      {"ctrl-s", Key(KeyCode::Char, true, false, U'S'), false},
-  };
-  for (const auto& c : cases) {
-    const auto got = ParseKeyName(c.Name);
-    ASSERT_TRUE(got.has_value()) << c.Name;
-    EXPECT_EQ(*got, c.Want) << c.Name;
-    if (c.Usual) {
-      EXPECT_EQ(KeyName(*got), c.Name);
-    }
+  using enum KeyCode;
+  const std::tuple<const char*, KeyCode, bool, bool, char32_t> cases[] = {
+      {"F1", F1, 0, 0, 0},         {"F2", F2, 0, 0, 0},          {"F9", F9, 0, 0, 0},
+      {"F10", F10, 0, 0, 0},       {"F12", F12, 0, 0, 0},        {"Enter", Enter, 0, 0, 0},
+      {"Esc", Escape, 0, 0, 0},    {"Tab", Tab, 0, 0, 0},        {"PgDn", PageDown, 0, 0, 0},
+      {"PgUp", PageUp, 0, 0, 0},   {"Home", Home, 0, 0, 0},      {"Ctrl-Home", Home, 1, 0, 0},
+      {"Ctrl-End", End, 1, 0, 0},  {"Ctrl-S", Char, 1, 0, 'S'},  {"Ctrl-O", Char, 1, 0, 'O'},
+      {"Ctrl-P", Char, 1, 0, 'P'}, {"Ctrl-W", Char, 1, 0, 'W'},  {"Shift-F12", F12, 0, 1, 0},
+      {"Plus", NumPlus, 0, 0, 0},  {"Minus", NumMinus, 0, 0, 0}, {"Shift-Q", Char, 0, 1, 'Q'},
+      {"Q", Char, 0, 0, 'Q'},      {"5", Char, 0, 0, '5'},       {"Backspace", Backspace, 0, 0, 0},
+      {"Delete", Delete, 0, 0, 0}, {"Up", Up, 0, 0, 0},          {"Down", Down, 0, 0, 0},
+      {"Left", Left, 0, 0, 0},     {"Right", Right, 0, 0, 0},    {"Ctrl-Shift-F5", F5, 1, 1, 0}};
+  for (const auto& [name, code, ctrl, shift, ch] : cases) {
+    const auto got = ParseKeyName(name);
+    ASSERT_TRUE(got.has_value()) << name;
+    EXPECT_EQ(*got, (KeyStroke{code, ctrl, shift, false, ch})) << name;
+    EXPECT_EQ(KeyName(*got), name);
   }
+  // Other spellings read as the usual one.
+  const std::pair<const char*, const char*> spellings[] = {
+      {"q", "Q"},           {"Escape", "Esc"},    {"enter", "Enter"},
+      {"PageDown", "PgDn"}, {"ctrl-s", "Ctrl-S"}, {"ESC", "Esc"}};
+  for (const auto& [other, usual] : spellings)
+    EXPECT_EQ(ParseKeyName(other), ParseKeyName(usual)) << other;
   EXPECT_EQ(KeyName(KeyStroke{}), "");
   for (const char* name :
        {"", "F13", "F0", "Ctrl-", "Shift-", "Foo", "Ctrl-Foo", "QQ", " ", "Ctrl"})
@@ -79,47 +46,35 @@ bool DigitsOnly(char32_t ch) {
 }
 
 TEST(TypeIntoTextBox, TypesThroughTheFilterOverTheSelectedText) {
-  struct Case {
-    const char* Old;
-    const char* Typed;
-    const char* Want;
-  };
-  const std::vector<Case> cases = {
-      {"45", "12a3", "123"},  // the refused letter is dropped, the rest replaces "45"
-      {"45", "abc", "45"},    // nothing accepted: the selection stays as it was
-      {"45", "", ""},         // an empty text clears the box
-      {"", "7", "7"},        {"45", "a9", "9"},
-  };
-  for (const auto& c : cases) {
-    Field field{c.Old};
-    TypeIntoTextBox(field, {nullptr, DigitsOnly, nullptr}, c.Typed);
-    EXPECT_EQ(field.Text, c.Want) << c.Old << " <- " << c.Typed;
+  // The old text, what is typed, the text then: a refused letter is dropped and the rest replaces
+  // the old text; nothing accepted leaves the selection as it was; an empty text clears the box.
+  const std::tuple<const char*, const char*, const char*> cases[] = {{"45", "12a3", "123"},
+                                                                     {"45", "abc", "45"},
+                                                                     {"45", "", ""},
+                                                                     {"", "7", "7"},
+                                                                     {"45", "a9", "9"}};
+  for (const auto& [old, typed, want] : cases) {
+    Field field{old};
+    TypeIntoTextBox(field, {nullptr, DigitsOnly, nullptr}, typed);
+    EXPECT_EQ(field.Text, want) << old << " <- " << typed;
   }
 }
 
-TEST(TypeIntoTextBox, RunsTheEventsInTheOrderOfAUser) {
-  Field field{"old"};
+TEST(TypeIntoTextBox, RunsTheEventsInTheOrderOfAUserAndTheFilterSeesTheTextTypedSoFar) {
+  Field field{"3.4"};
   std::vector<std::string> log;
   TextBoxEvents events;
   events.GotFocus = [&] { log.push_back("got " + field.Text); };
+  // One decimal point only, judged on the box's text at each key as the system's filters do.
   events.KeyPress = [&](char32_t ch) {
     log.push_back("key " + std::to_string(static_cast<int>(ch)));
-    return true;
-  };
-  events.LostFocus = [&] { log.push_back("lost " + field.Text); };
-  TypeIntoTextBox(field, events, "Ωa");
-  EXPECT_EQ(log, (std::vector<std::string>{"got old", "key 937", "key 97", "lost Ωa"}));
-}
-
-TEST(TypeIntoTextBox, TheFilterSeesTheTextTypedSoFar) {
-  // One decimal point only, judged on the box's text at each key as the system's filters do.
-  Field field{"3.4"};
-  TextBoxEvents events;
-  events.KeyPress = [&](char32_t ch) {
     return ch != U'.' || field.Text.find('.') == std::string::npos;
   };
-  TypeIntoTextBox(field, events, "1.5.2");
-  EXPECT_EQ(field.Text, "1.52");
+  events.LostFocus = [&] { log.push_back("lost " + field.Text); };
+  TypeIntoTextBox(field, events, "Ω.5.2");
+  EXPECT_EQ(field.Text, "Ω.52");
+  EXPECT_EQ(log, (std::vector<std::string>{"got 3.4", "key 937", "key 46", "key 53", "key 46",
+                                           "key 50", "lost Ω.52"}));
 }
 
 TEST(FilterTyped, ReplacesOrAppends) {

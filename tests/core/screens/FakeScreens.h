@@ -47,11 +47,6 @@ class FakeChild : public Screen<FakeChild> {
     driver_.RunModal(*this);
     log_.push_back(ScreenName() + " returned");
   }
-  bool KeyDown(const KeyStroke& key) override {
-    log_.push_back(ScreenName() + " key " + KeyName(key));
-    if (key.Code == KeyCode::Escape) Close();
-    return true;
-  }
   void CloseBox() override {
     log_.push_back(ScreenName() + " close box");
     Close();

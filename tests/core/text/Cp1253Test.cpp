@@ -11,52 +11,32 @@
 namespace {
 
 // One conversion through iconv(3); nullopt when iconv refuses the input.
-class Iconv {
- public:
-  Iconv(const char* to, const char* from) : cd_(iconv_open(to, from)) {}
-  ~Iconv() {
-    if (Ok()) iconv_close(cd_);
-  }
-  Iconv(const Iconv&) = delete;
-  Iconv& operator=(const Iconv&) = delete;
-  bool Ok() const { return cd_ != reinterpret_cast<iconv_t>(-1); }
-
-  std::optional<std::string> Convert(const std::string& input) {
-    iconv(cd_, nullptr, nullptr, nullptr, nullptr);
-    std::string in = input;
-    std::string out(input.size() * 8 + 8, '\0');
-    char* inPtr = in.data();
-    char* outPtr = out.data();
-    std::size_t inLeft = in.size();
-    std::size_t outLeft = out.size();
-    if (iconv(cd_, &inPtr, &inLeft, &outPtr, &outLeft) == static_cast<std::size_t>(-1)) {
-      return std::nullopt;
-    }
-    out.resize(out.size() - outLeft);
-    return out;
-  }
-
- private:
-  iconv_t cd_;
-};
+std::optional<std::string> ViaIconv(iconv_t cd, std::string in) {
+  std::string out(in.size() * 8 + 8, '\0');
+  char *inPtr = in.data(), *outPtr = out.data();
+  std::size_t inLeft = in.size(), outLeft = out.size();
+  iconv(cd, nullptr, nullptr, nullptr, nullptr);
+  if (iconv(cd, &inPtr, &inLeft, &outPtr, &outLeft) == static_cast<std::size_t>(-1))
+    return std::nullopt;
+  out.resize(out.size() - outLeft);
+  return out;
+}
 
 const std::set<int> kUndefinedBytes = {0x81, 0x88, 0x8A, 0x8C, 0x8D, 0x8E, 0x8F, 0x90, 0x98,
                                        0x9A, 0x9C, 0x9D, 0x9E, 0x9F, 0xAA, 0xD2, 0xFF};
 
+// The bytes iconv refuses read as themselves, but for the three of the private use area.
 char32_t UndefinedByteCharacter(int byte) {
-  if (byte == 0xAA) return 0xF8F9;
-  if (byte == 0xD2) return 0xF8FA;
-  if (byte == 0xFF) return 0xF8FB;
-  return static_cast<char32_t>(byte);
+  return byte == 0xAA ? 0xF8F9 : byte == 0xD2 ? 0xF8FA : byte == 0xFF ? 0xF8FB : byte;
 }
 
 TEST(Cp1253, EveryByteReadsAsIconvReadsIt) {
-  Iconv toUtf8("UTF-8", "CP1253");
-  ASSERT_TRUE(toUtf8.Ok());
+  const iconv_t toUtf8 = iconv_open("UTF-8", "CP1253");
+  ASSERT_NE(toUtf8, reinterpret_cast<iconv_t>(-1));
   std::set<int> rejected;
   for (int byte = 0; byte < 256; ++byte) {
     const std::string one(1, static_cast<char>(byte));
-    const auto expected = toUtf8.Convert(one);
+    const auto expected = ViaIconv(toUtf8, one);
     if (!expected) {
       rejected.insert(byte);
       EXPECT_EQ(Cp1253ToUnicode(static_cast<unsigned char>(byte)), UndefinedByteCharacter(byte))
@@ -66,18 +46,19 @@ TEST(Cp1253, EveryByteReadsAsIconvReadsIt) {
     EXPECT_EQ(Cp1253ToUtf8(one), *expected) << "byte " << byte;
   }
   EXPECT_EQ(rejected, kUndefinedBytes);
+  iconv_close(toUtf8);
 }
 
 // No character of the Basic Multilingual Plane that iconv writes is missing from our table,
 // and none we write lands on another byte.
 TEST(Cp1253, CharactersOutsideTheTableAgreeWithIconv) {
-  Iconv toCp1253("CP1253", "UTF-32LE");
-  ASSERT_TRUE(toCp1253.Ok());
+  const iconv_t toCp1253 = iconv_open("CP1253", "UTF-32LE");
+  ASSERT_NE(toCp1253, reinterpret_cast<iconv_t>(-1));
   for (char32_t ch = 0; ch < 0x10000; ++ch) {
     if (ch >= 0xD800 && ch <= 0xDFFF) continue;
     std::string utf32(4, '\0');
     for (int k = 0; k < 4; ++k) utf32[k] = static_cast<char>((ch >> (8 * k)) & 0xFF);
-    const auto viaIconv = toCp1253.Convert(utf32);
+    const auto viaIconv = ViaIconv(toCp1253, utf32);
     const int ours = UnicodeToCp1253(ch);
     if (viaIconv) {
       ASSERT_EQ(viaIconv->size(), 1u) << "U+" << std::hex << static_cast<uint32_t>(ch);
@@ -87,6 +68,7 @@ TEST(Cp1253, CharactersOutsideTheTableAgreeWithIconv) {
       EXPECT_TRUE(kUndefinedBytes.count(ours)) << "U+" << std::hex << static_cast<uint32_t>(ch);
     }
   }
+  iconv_close(toCp1253);
 }
 
 TEST(Cp1253, AllBytesRoundTripAndOtherCharactersBecomeTheReplacement) {
@@ -101,11 +83,6 @@ TEST(Cp1253, AllBytesRoundTripAndOtherCharactersBecomeTheReplacement) {
   EXPECT_FALSE(IsCp1253Representable("Ä"));
   EXPECT_EQ(UnicodeToCp1253(0xFFFD), -1);
 }
-
-struct InvalidUtf8Case {
-  std::string Input;
-  std::u32string Decoded;
-};
 
 TEST(Utf8, InvalidSequencesDecodeToReplacementsAndFourByteCharactersRoundTrip) {
   const std::pair<std::string, std::u32string> cases[] = {

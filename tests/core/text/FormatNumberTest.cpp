@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <string>
 #include <tuple>
 
@@ -24,33 +25,23 @@ std::string ToGreek(std::string text) {
 
 // 1.005 lies below the half in binary and at the half in 15 digits: the 15 digits decide.
 TEST(FormatNumber, ThePatternsOfTheScreensUnderBothSeparators) {
-  const std::tuple<double, const char*, const char*> cases[] = {
-      {0.4, "#,###", ""},
-      {0.5, "#,###", "1"},
-      {-1234.5, "#,###", "-1,235"},
-      {123456789, "##,###", "123,456,789"},
-      {0, "#,##0.0", "0.0"},
-      {-2.25, "0.0", "-2.3"},
-      {-0.04, "#,##0.0", "-0.0"},
-      {999999.95, "#,##0.0", "1,000,000.0"},
-      {0, "#,###.0", ".0"},
-      {-0.5, "#,###.0", "-.5"},
-      {1.005, "#,##0.00", "1.01"},
-      {1.0005, "#,##0.000", "1.001"},
-      {12345.678901, "#,##0.00000", "12,345.67890"},
-      {1e15, "#,##0", "1,000,000,000,000,000"},
-      {-0.4, "0", "-0"},
-      {5, "00", "05"},
-      {1e20, "0", "100000000000000000000"},
-      {2, "#.##", "2."},
-      {2.125, "0.0#", "2.13"},
-      {-15, "Δ 0", "-Δ 15"},
-      {15, "kg", "kg"},
-      {0.5, "", "0.5"}};
-  for (const auto& [value, pattern, english] : cases) {
-    EXPECT_EQ(FormatNumber(value, pattern, kEnglish), english) << value << " " << pattern;
-    EXPECT_EQ(FormatNumber(value, pattern, kGreek), ToGreek(english)) << value << " " << pattern;
-  }
+  using Case = std::tuple<double, const char*, const char*>;
+  const Case cases[] = {{5, "00", "05"},    {0.5, "#,###", "1"},    {-0.5, "#,###.0", "-.5"},
+                        {15, "kg", "kg"},   {0, "#,###.0", ".0"},   {-0.04, "#,##0.0", "-0.0"},
+                        {0.5, "", "0.5"},   {0, "#,##0.0", "0.0"},  {1.005, "#,##0.00", "1.01"},
+                        {-0.4, "0", "-0"},  {-15, "Δ 0", "-Δ 15"},  {-1234.5, "#,###", "-1,235"},
+                        {2, "#.##", "2."},  {-2.25, "0.0", "-2.3"}, {1.0005, "#,##0.000", "1.001"},
+                        {0.4, "#,###", ""}, {2.125, "0.0#", "2.13"}};
+  const Case wide[] = {{123456789, "##,###", "123,456,789"},
+                       {999999.95, "#,##0.0", "1,000,000.0"},
+                       {12345.678901, "#,##0.00000", "12,345.67890"},
+                       {1e15, "#,##0", "1,000,000,000,000,000"},
+                       {1e20, "0", "100000000000000000000"}};
+  for (const auto& table : {std::span<const Case>(cases), std::span<const Case>(wide)})
+    for (const auto& [value, pattern, english] : table) {
+      EXPECT_EQ(FormatNumber(value, pattern, kEnglish), english) << value << " " << pattern;
+      EXPECT_EQ(FormatNumber(value, pattern, kGreek), ToGreek(english)) << value << " " << pattern;
+    }
 }
 
 // A single's decimal text has 7 significant digits; the rounding starts from those.
@@ -66,13 +57,11 @@ TEST(FormatNumber, ASingleRoundsFromSevenDigitsAndInfinityIsAnOverflow) {
 }
 
 TEST(FormatNumber, CStrHasFifteenDigitsForADoubleAndSevenForASingle) {
-  const std::pair<double, const char*> doubles[] = {{-0.0, "0"},
-                                                    {0.1 + 0.2, "0.3"},
-                                                    {1.0 / 3, "0.333333333333333"},
-                                                    {999999999999999.9, "1E+15"},
-                                                    {1234567890123456, "1.23456789012346E+15"},
-                                                    {0.0001, "0.0001"},
-                                                    {-1.5e-10, "-1.5E-10"}};
+  const std::pair<double, const char*> doubles[] = {
+      {-0.0, "0"},           {999999999999999.9, "1E+15"},
+      {0.1 + 0.2, "0.3"},    {1.0 / 3, "0.333333333333333"},
+      {0.0001, "0.0001"},    {1234567890123456, "1.23456789012346E+15"},
+      {-1.5e-10, "-1.5E-10"}};
   for (const auto& [value, english] : doubles) {
     EXPECT_EQ(CStrDouble(value, kEnglish), english);
     EXPECT_EQ(CStrDouble(value, kGreek), ToGreek(english));

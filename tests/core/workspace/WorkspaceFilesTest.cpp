@@ -42,16 +42,14 @@ class WorkspaceFiles : public ::testing::Test, public ProgramFolder {
   }
 };
 
-TEST_F(WorkspaceFiles, ExistsAndSize) {
+TEST_F(WorkspaceFiles, ExistsSizeDeleteCopyAndRenameWithTheirFailures) {
+  using Found = std::pair<int16_t, uint64_t>;
   Put(ws, "EMPTY.TMP", "");
   EXPECT_EQ(ws.FileExists("SHEETS.TMP"), -1);
   EXPECT_EQ(ws.FileExists("RVLFiles"), 0);
-  EXPECT_EQ(ws.FileExistsAndSize("SHEETS.TMP"), (std::pair<int16_t, uint64_t>{-1, 8}));
-  EXPECT_EQ(ws.FileExistsAndSize("EMPTY.TMP"), (std::pair<int16_t, uint64_t>{-1, 0}));
-  EXPECT_EQ(ws.FileExistsAndSize("NoFolder/NONE.TMP"), (std::pair<int16_t, uint64_t>{0, 0}));
-}
-
-TEST_F(WorkspaceFiles, DeleteCopyAndRenameWithTheirFailures) {
+  EXPECT_EQ(ws.FileExistsAndSize("SHEETS.TMP"), (Found{-1, 8}));
+  EXPECT_EQ(ws.FileExistsAndSize("EMPTY.TMP"), (Found{-1, 0}));
+  EXPECT_EQ(ws.FileExistsAndSize("NoFolder/NONE.TMP"), (Found{0, 0}));
   ws.Delete("SHEETS.TMP", false);
   EXPECT_FALSE(Has("SHEETS.TMP"));
   EXPECT_NO_THROW(ws.Delete("SHEETS.TMP", false));
@@ -191,7 +189,7 @@ TEST_F(WorkspaceFiles, APausePumpsEventsWhileItLastsAndNoneAtZero) {
 
 // ---- The journal of a command -------------------------------------------------------------
 
-TEST_F(WorkspaceFiles, ARollbackPutsEveryFileBackAsItFirstWas) {
+TEST_F(WorkspaceFiles, ARollbackPutsEveryFileBackAsItFirstWasACommitKeeps) {
   const auto before = Snapshot();
   ws.BeginCommand();
   for (const char* text : {"one", "two"})
@@ -207,9 +205,7 @@ TEST_F(WorkspaceFiles, ARollbackPutsEveryFileBackAsItFirstWas) {
   ASSERT_NE(Snapshot(), before);
   ws.RollbackCommand();
   EXPECT_EQ(Snapshot(), before);
-}
-
-TEST_F(WorkspaceFiles, ACommitKeepsAndOutsideACommandNothingIsKept) {
+  // A commit keeps, and outside a command nothing is kept.
   ws.BeginCommand();
   ws.Copy("RVLFiles/Μελέτη.sht", "SHEETS.TMP");
   ws.CommitCommand();

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <tuple>
 #include <vector>
 
 #include "Faults.h"
@@ -17,7 +18,9 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-TEST(WorkspaceFolder, CreatesTheFolderWithItsSubfoldersAndKeepsWhatItHolds) {
+// A folder that cannot be made, or a read-only one (as the file system would refuse it even to
+// the superuser), throws.
+TEST(WorkspaceFolder, CreatesTheFolderWithItsSubfoldersKeepsWhatItHoldsOrThrows) {
   TempFolder temp;
   const fs::path home = temp.Path() / "deep" / "home";
   fs::create_directories(home);
@@ -27,23 +30,13 @@ TEST(WorkspaceFolder, CreatesTheFolderWithItsSubfoldersAndKeepsWhatItHolds) {
   EXPECT_TRUE(fs::is_directory(home / "GMI"));
   EXPECT_EQ(ws.PathOf("RVLFiles/x.sht"), home / "RVLFiles" / "x.sht");
   EXPECT_EQ(Get(ws, "SHEETS.TMP"), "abc");
-}
-
-TEST(WorkspaceFolder, AFolderThatCannotBeMadeThrows) {
-  TempFolder temp;
   WriteAllBytes(temp / "plain", "x");
-  for (const fs::path& folder : {temp.Path() / "plain", temp.Path() / "plain" / "home"}) {
+  for (const fs::path& folder : {temp.Path() / "plain", temp.Path() / "plain" / "home"})
     EXPECT_TRUE(FaultOf([&] { Workspace ws(folder); }, "plain")) << folder;
-  }
-}
-
-// A read-only folder, as the file system would refuse it even to the superuser.
-TEST(WorkspaceFolder, AReadOnlyFolderThrows) {
-  TempFolder temp;
   Workspace::FailNextChange(std::make_error_code(std::errc::permission_denied));
-  EXPECT_EQ(FaultOf([&] { Workspace ws(temp.Path()); }, "Φάκελος " + temp.Path().string()),
+  EXPECT_EQ(FaultOf([&] { Workspace ws(home); }, "Φάκελος " + home.string()),
             FaultCode::PermissionDenied);
-  EXPECT_NO_THROW(Workspace{temp.Path()}) << "the failure is used once";
+  EXPECT_NO_THROW(Workspace{home}) << "the failure is used once";
 }
 
 TEST(WorkspaceFolder, ThePauseComesFromTheEnvironment) {
@@ -58,12 +51,10 @@ TEST(WorkspaceFolder, ThePauseComesFromTheEnvironment) {
 }
 
 TEST(WorkspaceFolder, ResolvedInTheOrderOfPlaces) {
-  struct Case {
-    std::optional<std::string> Home, RavoHome, XdgDataHome;
-    std::string Expected;
-  };
+  // The folder asked for, RAVOLINETTE_HOME, XDG_DATA_HOME and the folder they make.
   const std::optional<std::string> none;
-  const Case cases[] = {
+  using Env = std::optional<std::string>;
+  const std::tuple<Env, Env, Env, std::string> cases[] = {
       {"/w/opt", "/w/env", "/w/xdg", "/w/opt"},
       {"", "/w/env", "/w/xdg", "/w/env"},
       {none, "", "/w/xdg", "/w/xdg/ravolinette"},
@@ -72,10 +63,10 @@ TEST(WorkspaceFolder, ResolvedInTheOrderOfPlaces) {
       {"/w/Μελέτες", none, none, "/w/Μελέτες"},
   };
   const ScopedEnv user("HOME", "/home/eng");
-  for (const Case& c : cases) {
-    const ScopedEnv ravo("RAVOLINETTE_HOME", c.RavoHome);
-    const ScopedEnv xdg("XDG_DATA_HOME", c.XdgDataHome);
-    EXPECT_EQ(Workspace::ResolveProgramFolder(c.Home), fs::path(c.Expected));
+  for (const auto& [home, ravoHome, xdgDataHome, expected] : cases) {
+    const ScopedEnv ravo("RAVOLINETTE_HOME", ravoHome);
+    const ScopedEnv xdg("XDG_DATA_HOME", xdgDataHome);
+    EXPECT_EQ(Workspace::ResolveProgramFolder(home), fs::path(expected));
   }
   const ScopedEnv data("RAVOLINETTE_DATA", std::nullopt);
   EXPECT_EQ(Workspace::InstalledDataFolder("/opt/ravo/bin/ravolinette"),
@@ -105,7 +96,7 @@ class Seeding : public ::testing::Test {
   fs::path home_ = temp_.Path() / "home";
 };
 
-TEST_F(Seeding, CopiesEachShippedFileOnceAndNeverOverwrites) {
+TEST_F(Seeding, CopiesEachShippedFileOnceNeverOverwritesAndBringsNewOnes) {
   fs::create_directory(home_);
   WriteAllBytes(home_ / "RavoPipes.txt", "mine");
   EXPECT_EQ(Seed(), Names{"0001.ztb"});
@@ -120,10 +111,7 @@ TEST_F(Seeding, CopiesEachShippedFileOnceAndNeverOverwrites) {
   EXPECT_EQ(Seed(), Names{});
   EXPECT_FALSE(Has("RavoPipes.txt"));
   EXPECT_EQ(Home("0001.ztb"), "changed");
-}
-
-TEST_F(Seeding, ANewShippedFileArrivesInAnOldFolder) {
-  Seed();
+  // A new shipped file arrives in an old folder, once.
   Ship("Θερμαντικά Σώματα.ths", "family");
   EXPECT_EQ(Seed(), Names{"Θερμαντικά Σώματα.ths"});
   EXPECT_EQ(Home("Θερμαντικά Σώματα.ths"), "family");
@@ -132,22 +120,17 @@ TEST_F(Seeding, ANewShippedFileArrivesInAnOldFolder) {
   EXPECT_EQ(Seed(), Names{});
 }
 
-TEST_F(Seeding, AMissingDataFolderSeedsNothing) {
-  fs::remove_all(data_);
-  EXPECT_EQ(Seed(), Names{});
-  EXPECT_FALSE(Has(".seeded"));
-}
-
-TEST_F(Seeding, AListThatCannotBeWrittenThrows) {
-  fs::create_directories(home_ / ".seeded.@@@");
-  EXPECT_THROW(Seed(), RuntimeFault);
-}
-
-TEST_F(Seeding, AReadOnlyFolderThrows) {
+// A missing data folder seeds nothing; a list that cannot be written or a read-only folder throws.
+TEST_F(Seeding, AMissingDataFolderSeedsNothingAndFailuresThrow) {
   Workspace ws(home_);
   Workspace::FailNextChange(std::make_error_code(std::errc::read_only_file_system));
   EXPECT_EQ(FaultOf([&] { ws.SeedFrom(data_); }, "0001.ztb"), FaultCode::PermissionDenied);
   EXPECT_FALSE(Has("0001.ztb"));
+  fs::create_directories(home_ / ".seeded.@@@");
+  EXPECT_THROW(Seed(), RuntimeFault);
+  fs::remove_all(data_);
+  EXPECT_EQ(Seed(), Names{});
+  EXPECT_FALSE(Has(".seeded"));
 }
 
 }  // namespace
