@@ -14,10 +14,7 @@ class SaveProposalTest : public SheetsTest {
     TypeHeader("20", "80");
   }
   void CalculatedSheet() {
-    Cell(1, 1, "1");
-    Cell(1, 2, "900");
-    Cell(1, 3, "20");
-    Cell(1, 10, "II/905");
+    Radiator(1, "1", "900");
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1);
   }
@@ -25,15 +22,12 @@ class SaveProposalTest : public SheetsTest {
   std::filesystem::path SaveProposing(std::optional<std::filesystem::path> answer) {
     platform.FileAnswers.push_back(std::move(answer));
     const std::size_t asked = platform.SaveAsks.size();
-    KeyStroke key{KeyCode::Char, true};
-    key.Char = U'S';
-    boundary.Run(*form, [&] { form->Form_KeyDown(key); });
+    CtrlS();
     EXPECT_EQ(platform.SaveAsks.size(), asked + 1) << "no save dialog was opened";
     if (platform.SaveAsks.size() == asked) return "(none)";
     EXPECT_EQ(platform.SaveAsks.back().Folder, folder / "RVLFiles");
     return platform.SaveAsks.back().Proposed;
   }
-  std::filesystem::path Study(const std::string& name) { return folder / "RVLFiles" / name; }
 };
 
 TEST_F(SaveProposalTest, ANewStudyProposesNothingAndASavedOneTheFileItWasSavedTo) {
@@ -49,12 +43,12 @@ TEST_F(SaveProposalTest, AStudyBegunAfreshForgetsTheOldFileAndAnOpenedOnePropose
   CalculatedSheet();
   ASSERT_EQ(SaveProposing(Study("Γ.sht")), std::filesystem::path());
   prompter.QueueAnswer(Answer::Yes);  // a new study loses the sheet on the screen
-  boundary.Run(*form, [&] { form->CmdNew_Click(); });
+  Do(&FrmRavolin::CmdNew_Click);
   TypeHeader("20", "80");
   CalculatedSheet();
   EXPECT_EQ(SaveProposing(std::nullopt), std::filesystem::path());
 
-  boundary.Run(*form, [&] { form->OpenFile(Study("Γ.sht").string()); });
+  Run([&] { form->OpenFile(Study("Γ.sht").string()); });
   ASSERT_EQ(state.StudyFileName, Study("Γ.sht").string());
   Key(KeyCode::F10);
   ASSERT_EQ(state.Calculated, -1);
