@@ -1,5 +1,5 @@
-// Saving a study as byte copies of the working files, starting a new study, and the question
-// that keeps unsaved work from being lost at both.
+// Saving a study as byte copies of the working files, the file the save dialog proposes,
+// starting a new study, and the question that keeps unsaved work from being lost at both.
 
 #include "FrmOpenSave_M.h"
 #include "KillAtRewriteStep.h"
@@ -31,6 +31,16 @@ class StudyFileTest : public SheetsTest {
     ASSERT_FALSE(std::filesystem::exists(folder / "SHEETS.TMP"));
     prompter.Clear();
   }
+  // Ctrl-S, answered with `answer` (nullopt: cancelled); returns the file the dialog proposed.
+  std::filesystem::path SaveProposing(std::optional<std::filesystem::path> answer) {
+    platform.FileAnswers.push_back(std::move(answer));
+    const std::size_t asked = platform.SaveAsks.size();
+    CtrlS();
+    EXPECT_EQ(platform.SaveAsks.size(), asked + 1) << "no save dialog was opened";
+    if (platform.SaveAsks.size() == asked) return "(none)";
+    EXPECT_EQ(platform.SaveAsks.back().Folder, folder / "RVLFiles");
+    return platform.SaveAsks.back().Proposed;
+  }
   // Ctrl-O, then `use` on the browser.
   void Open(std::function<void(FrmOpenSave_M&)> use) {
     screens.Queue([use](ScriptScreen& s) { use(dynamic_cast<FrmOpenSave_M&>(s)); });
@@ -50,6 +60,27 @@ TEST_F(StudyFileTest, LevelsGoWithTheStudyAndAnOldLevelsFileStaysWhenThereAreNon
   platform.FileAnswers.push_back(Study("Β.sht"));
   CtrlS();
   EXPECT_EQ(Bytes(Study("Β.rvf")), "levels");
+}
+
+// The save dialog starts on the study's own file: nothing for a new study, the file it was
+// last saved to or opened from otherwise.
+TEST_F(StudyFileTest, TheSaveDialogProposesTheFileTheStudyWasLastSavedToOrOpenedFrom) {
+  CalculatedSheet();
+  EXPECT_EQ(SaveProposing(Study("Μελέτη Α")), std::filesystem::path());
+  // The name as written, with the extension the save added to the engineer's answer.
+  EXPECT_EQ(SaveProposing(std::nullopt), Study("Μελέτη Α.sht"));
+  EXPECT_EQ(SaveProposing(Study("Μελέτη Β.sht")), Study("Μελέτη Α.sht"));
+  EXPECT_EQ(SaveProposing(std::nullopt), Study("Μελέτη Β.sht"));
+  prompter.QueueAnswer(Answer::Yes);  // a new study loses the sheet on the screen
+  Do(&FrmRavolin::CmdNew_Click);
+  TypeHeader("20", "80");
+  CalculatedSheet();
+  EXPECT_EQ(SaveProposing(std::nullopt), std::filesystem::path());  // the old file forgotten
+  Run([&] { form->OpenFile(Study("Μελέτη Α.sht").string()); });
+  ASSERT_EQ(state.StudyFileName, Study("Μελέτη Α.sht").string());
+  Key(KeyCode::F10);
+  ASSERT_EQ(state.Calculated, -1);
+  EXPECT_EQ(SaveProposing(std::nullopt), Study("Μελέτη Α.sht"));
 }
 
 TEST_F(StudyFileTest, ASheetWithoutResultsOrACancelledDialogSavesNothing) {
