@@ -96,7 +96,7 @@ TEST_F(StudyFileTest, ASheetWithoutResultsOrACancelledDialogSavesNothing) {
   EXPECT_TRUE(std::filesystem::is_empty(folder / "RVLFiles"));
 }
 
-TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles) {
+TEST_F(StudyFileTest, ANewStudyOrTheProgramClosedOffersToSaveThenEmptiesTheWorkingFiles) {
   CalculatedSheet();
   state.StudyChanged = -1;
   prompter.QueueAnswer(Answer::Yes);  // a new study
@@ -117,10 +117,7 @@ TEST_F(StudyFileTest, ANewStudyOffersToSaveThenEmptiesTheSheetAndTheWorkingFiles
   TypeHeader("20", "80");
   CalculatedSheet();
   EXPECT_EQ(form->TxtVelocity.Text, "0.08");
-}
-
-TEST_F(StudyFileTest, ClosingTheProgramOffersToSaveAnUnsavedCalculatedStudy) {
-  CalculatedSheet();
+  // Closing the program offers the same for an unsaved calculated study.
   state.StudyChanged = -1;
   prompter.QueueAnswer(Answer::No);
   Do(&FrmRavolin::CloseBox);
