@@ -18,45 +18,41 @@ class EditTest : public SheetsTest {
            const std::string& room = "20") {
     Radiator(row, std::to_string(row), load, room, model);
   }
-  void Calculated(int rows = 2) {
-    for (int r = 1; r <= rows; ++r) Row(r, std::to_string(500 + 100 * r));
+  void Calculated(int rows = 2, const std::string& first = "600") {
+    for (int r = 1; r <= rows; ++r) Row(r, r == 1 ? first : std::to_string(500 + 100 * r));
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1);
     prompter.Clear();
-  }
-  void Run(void (FrmRavolin::*command)()) {
-    boundary.Run(*form, [&] { (form.get()->*command)(); });
   }
   bool ResultsShown(int row) const { return !form->Grid.Text(row, 9).empty(); }
 };
 
 // ---- Edits of the user ---------------------------------------------------------------------
 
+// A load with decimals is compared with its rounded value: retyped, it counts as changed.
 TEST_F(EditTest, RetypingTheSameWholeValueKeepsTheResultsAnythingElseDiscardsThem) {
   const struct {
+    const char* Load;
     int Col;
     const char* Text;
     bool Kept;
-  } cases[] = {{2, "600", true}, {3, "20", true}, {3, "22", false}, {2, "750", false}};
+  } cases[] = {{"600", 2, "600", true},
+               {"600", 3, "20", true},
+               {"600", 3, "22", false},
+               {"600", 2, "750", false},
+               {"600.4", 2, "600.4", false}};
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.Text);
     KillRavoTemporaries(ws);
     state = StudyState{};
     Load();
     TypeHeader();
-    Calculated();
+    Calculated(2, c.Load);
     Cell(1, c.Col, c.Text);
     EXPECT_TRUE(prompter.History().empty());
-    EXPECT_EQ(ResultsShown(2), c.Kept) << c.Text;
-    EXPECT_EQ(state.Calculated, c.Kept ? -1 : 0) << c.Text;
+    EXPECT_EQ(ResultsShown(2), c.Kept);
+    EXPECT_EQ(state.Calculated, c.Kept ? -1 : 0);
   }
-}
-
-TEST_F(EditTest, ALoadWithDecimalsIsComparedWithItsRoundedValueAndCountsAsChanged) {
-  Row(1, "600.4");
-  Key(KeyCode::F10);
-  ASSERT_TRUE(ResultsShown(1));
-  Cell(1, 2, "600.4");
-  EXPECT_FALSE(ResultsShown(1));
 }
 
 TEST_F(EditTest, ANewModelOnACalculatedSheetRecalculatesAtOnce) {
@@ -66,8 +62,7 @@ TEST_F(EditTest, ANewModelOnACalculatedSheetRecalculatesAtOnce) {
   Cell(2, 10, "IV/905");
   EXPECT_TRUE(prompter.History().empty());
   EXPECT_EQ(state.Calculated, -1);
-  EXPECT_EQ(form->Grid.Text(2, 11), "5/IV/905");
-  EXPECT_EQ(form->Grid.Text(1, 11), "7/II/905");
+  EXPECT_EQ(Cells(1, {11}) + " " + Cells(2, {11}), "7/II/905 5/IV/905");
   // ...and saves the sheet before and after.
   EXPECT_EQ(RecordFile<LoopRecord>(folder / "LOOPS.TMP").Read(2).SomaText, "5/IV/905");
 }
@@ -84,11 +79,10 @@ TEST_F(EditTest, TheNumberOfARadiatorIsCutAtFiveCharactersAndALockedCellTakesNoT
 
 TEST_F(EditTest, RemovingARadiatorAsksThenWorksTheLoopFiguresAgain) {
   Calculated(3);  // 600, 700, 800
-  boundary.Run(*form, [&] { form->Grid_Click(2, 5); });
+  Click(2, 5);
   prompter.QueueAnswer(Answer::No);
   Key(KeyCode::NumMinus);
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ Η ΤΡΕΧΟΥΣΑ (< ΦΩΤΙΣΜΕΝΗ >) ΚΑΤΑΧΩΡΗΣΗ !!");
+  ExpectBox("!! ΘΑ ΔΙΑΓΡΑΦΕΙ Η ΤΡΕΧΟΥΣΑ (< ΦΩΤΙΣΜΕΝΗ >) ΚΑΤΑΧΩΡΗΣΗ !!");
   EXPECT_EQ(form->Grid.DataRowCount(), 3);
   EXPECT_TRUE(ResultsShown(2));
   prompter.QueueAnswer(Answer::Yes);
@@ -97,23 +91,20 @@ TEST_F(EditTest, RemovingARadiatorAsksThenWorksTheLoopFiguresAgain) {
   EXPECT_EQ(form->Grid.Text(2, 2), "800");
   EXPECT_FALSE(ResultsShown(1));
   EXPECT_EQ(state.Calculated, 0);
-  EXPECT_EQ(form->TxtLoopLoad.Text, "1,400");
-  EXPECT_EQ(form->TxtFlow.Text, "70.0");
+  EXPECT_EQ(form->TxtLoopLoad.Text + " " + form->TxtFlow.Text, "1,400 70.0");
   // The sheet was written before the row went: the files still hold the three radiators.
   EXPECT_EQ(RecordFile<LoopRecord>(folder / "LOOPS.TMP").Read(3).Load, 800.0f);
 }
 
 TEST_F(EditTest, MovingARowSwapsAllItsCellsAndTheActiveCellFollows) {
   Calculated(3);
-  boundary.Run(*form, [&] { form->Grid_Click(1, 1); });
-  Run(&FrmRavolin::CmdOneRowUp_Click);  // the first row does not move up
+  Click(1, 1);
+  Do(&FrmRavolin::CmdOneRowUp_Click);  // the first row does not move up
   EXPECT_TRUE(ResultsShown(1));
-  boundary.Run(*form, [&] { form->Grid_Click(2, 7); });
-  Run(&FrmRavolin::CmdOneRowDn_Click);
-  EXPECT_EQ(form->Grid.Text(3, 2), "700");
-  EXPECT_EQ(form->Grid.Text(2, 2), "800");
-  EXPECT_EQ(form->Grid.ActiveRow(), 3);
-  EXPECT_EQ(form->Grid.ActiveCol(), 1);
+  Click(2, 7);
+  Do(&FrmRavolin::CmdOneRowDn_Click);
+  EXPECT_EQ(Cells(2, {1, 2}) + " " + Cells(3, {1, 2}), "3|800 2|700");
+  EXPECT_EQ(std::pair(form->Grid.ActiveRow(), form->Grid.ActiveCol()), std::pair(3, 1));
   EXPECT_FALSE(ResultsShown(2));
   EXPECT_EQ(RecordFile<LoopRecord>(folder / "LOOPS.TMP").Read(2).Load, 800.0f);
 }
@@ -121,12 +112,12 @@ TEST_F(EditTest, MovingARowSwapsAllItsCellsAndTheActiveCellFollows) {
 TEST_F(EditTest, DeletingARowOrAColumnAsksNothing) {
   Row(1, "600");
   Row(2, "700");
-  boundary.Run(*form, [&] { form->Grid_Click(1, 14); });
-  Run(&FrmRavolin::CmdDeleteColumn_Click);  // the last column
-  boundary.Run(*form, [&] { form->Grid_Click(1, 3); });
-  Run(&FrmRavolin::CmdDeleteColumn_Click);
+  Click(1, 14);
+  Do(&FrmRavolin::CmdDeleteColumn_Click);  // the last column
+  Click(1, 3);
+  Do(&FrmRavolin::CmdDeleteColumn_Click);
   EXPECT_EQ(form->Grid.Text(1, 9), "II/905");  // column 10 moved left
-  Run(&FrmRavolin::CmdDeleteRow_Click);
+  Do(&FrmRavolin::CmdDeleteRow_Click);
   EXPECT_EQ(form->Grid.Text(1, 2), "700");
   EXPECT_EQ(form->TxtLoopLoad.Text, "700");
   EXPECT_TRUE(prompter.History().empty());
@@ -141,20 +132,15 @@ TEST_F(EditTest, F5CopiesLoadRoomAndModelIntoTheMarkedBlock) {
   boundary.Run(*form, [&] { form->Grid_MarkBlock({2, 2, 10, 3}); });
   EXPECT_EQ(form->Caption.Text, FrmRavolin::kBlockCaption);
   Key(KeyCode::F5);
-  for (int row : {2, 3}) {
-    EXPECT_EQ(form->Grid.Text(row, 2), "600");
-    EXPECT_EQ(form->Grid.Text(row, 3), "18");
-    EXPECT_EQ(form->Grid.Text(row, 10), "III/655");
-  }
+  for (int row : {2, 3}) EXPECT_EQ(Cells(row, {2, 3, 10}), "600|18|III/655") << row;
   EXPECT_EQ(form->Caption.Text, FrmRavolin::kCaption);
-  EXPECT_EQ(form->Grid.ActiveRow(), 3);
-  EXPECT_EQ(form->Grid.ActiveCol(), 10);
+  EXPECT_EQ(std::pair(form->Grid.ActiveRow(), form->Grid.ActiveCol()), std::pair(3, 10));
   EXPECT_TRUE(form->SelectionBlock.Empty());
 }
 
 TEST_F(EditTest, F5OnALoadOfACalculatedSheetAsksFirst) {
   Calculated(2);
-  boundary.Run(*form, [&] { form->Grid_Click(2, 2); });
+  Click(2, 2);
   prompter.QueueAnswer(Answer::No);
   Key(KeyCode::F5);
   EXPECT_EQ(form->Grid.Text(2, 2), "700");
@@ -168,15 +154,12 @@ TEST_F(EditTest, F5OnALoadOfACalculatedSheetAsksFirst) {
 
 TEST_F(EditTest, PasteWorksOnlyInItsColumnsAndOnTheFirstFreeRow) {
   Row(1, "600");
-  boundary.Run(*form, [&] { form->Grid_Click(3, 2); });
-  Run(&FrmRavolin::CmdPaste_Click);
-  EXPECT_EQ(form->Grid.Text(3, 2), "");  // not the first free row
-  boundary.Run(*form, [&] { form->Grid_Click(2, 1); });
-  Run(&FrmRavolin::CmdPaste_Click);
-  EXPECT_EQ(form->Grid.Text(2, 1), "");  // not a column of the copy
-  boundary.Run(*form, [&] { form->Grid_Click(2, 3); });
-  Run(&FrmRavolin::CmdPaste_Click);
-  EXPECT_EQ(form->Grid.Text(2, 3), "20");
+  // Not the first free row, not a column of the copy, then the room's column of row 2.
+  for (const auto& [row, col, pasted] : {std::tuple{3, 2, ""}, {2, 1, ""}, {2, 3, "20"}}) {
+    Click(row, col);
+    Do(&FrmRavolin::CmdPaste_Click);
+    EXPECT_EQ(form->Grid.Text(row, col), pasted) << row << "," << col;
+  }
 }
 
 // ---- Columns opened for typing -------------------------------------------------------------
@@ -187,10 +170,10 @@ TEST_F(EditTest, F2OpensTheFirstThreeColumnsOnlyFromACellWithText) {
   state.ColumnsEditable = 0;
   form->LockProperColumns();
   EXPECT_TRUE(form->Grid.Locked(2, 2));
-  boundary.Run(*form, [&] { form->Grid_Click(1, 10); });
+  Click(1, 10);
   Key(KeyCode::F2);
   EXPECT_TRUE(form->Grid.Locked(2, 2));
-  boundary.Run(*form, [&] { form->Grid_Click(1, 2); });
+  Click(1, 2);
   Key(KeyCode::F2);
   EXPECT_FALSE(form->Grid.Locked(2, 2));
   EXPECT_FALSE(form->Grid.Locked(1, 1));
@@ -199,18 +182,8 @@ TEST_F(EditTest, F2OpensTheFirstThreeColumnsOnlyFromACellWithText) {
 
 // ---- Adding radiators ----------------------------------------------------------------------
 
-TEST_F(EditTest, EightRadiatorsLeaveNoRoomAndTheDialogDoesNotOpen) {
-  for (int r = 1; r <= 8; ++r) Row(r, "500");
-  Key(KeyCode::NumPlus);
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Lines.front(), "... ΕΧΕΤΕ, ΗΔΗ, ΚΑΤΑΧΩΡΗΣΕΙ ΟΚΤΩ ΣΩΜΑΤΑ ...");
-  EXPECT_TRUE(screens.Shown.empty());
-}
-
-TEST_F(EditTest, AddingChecksTheRowsWithoutAskingForModels) {
-  Cell(1, 1, "1");
-  Cell(1, 2, "600");
-  Cell(1, 3, "35");
+TEST_F(EditTest, AddingChecksTheRowsWithoutAskingForModelsAndNeedsARowFree) {
+  Radiator(1, "1", "600", "35", "");
   Key(KeyCode::NumPlus);
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_NE(LastBox().Lines.front().find("ΕΚΤΟΣ ΠΕΔΙΟΥ"), std::string::npos);
@@ -220,31 +193,25 @@ TEST_F(EditTest, AddingChecksTheRowsWithoutAskingForModels) {
   Key(KeyCode::NumPlus);
   EXPECT_TRUE(prompter.History().empty());
   EXPECT_EQ(screens.Shown, std::vector<std::string>{"FrmRavoAdd"});
+  for (int r = 1; r <= 8; ++r) Row(r, "500");
+  Key(KeyCode::NumPlus);
+  ExpectBox("... ΕΧΕΤΕ, ΗΔΗ, ΚΑΤΑΧΩΡΗΣΕΙ ΟΚΤΩ ΣΩΜΑΤΑ ...");
+  EXPECT_EQ(screens.Shown.size(), 1u);  // the dialog did not open again
 }
 
-class AddDialogTest : public EditTest {
- protected:
-  // Opens FrmRavoAdd through the + key and works it with `use`.
-  void Add(std::function<void(FrmRavoAdd&)> use) {
-    screens.Queue([use](ScriptScreen& s) { use(dynamic_cast<FrmRavoAdd&>(s)); });
-    Key(KeyCode::NumPlus);
-  }
-  static void Type(FrmRavoAdd& add, const std::string& control, const std::string& text) {
-    add.Controls().at(control).Type(text);
-  }
-};
-
-TEST_F(AddDialogTest, TheEighthRadiatorClosesTheDialog) {
+TEST_F(EditTest, TheEighthRadiatorClosesTheAddDialog) {
   for (int r = 1; r <= 6; ++r) Row(r, "500");
-  Add([&](FrmRavoAdd& add) {
-    Type(add, "TxtAdded", "300");
-    Type(add, "TxtSomaName", "7");
+  screens.Queue([](ScriptScreen& s) {
+    auto& add = dynamic_cast<FrmRavoAdd&>(s);
+    add.Controls().at("TxtAdded").Type("300");
+    add.Controls().at("TxtSomaName").Type("7");
     add.CmdOK_Click();
     EXPECT_FALSE(add.Closed());
-    Type(add, "TxtSomaName", "8");
+    add.Controls().at("TxtSomaName").Type("8");
     add.CmdOK_Click();
     EXPECT_TRUE(add.Closed());
   });
+  Key(KeyCode::NumPlus);
   EXPECT_EQ(form->Grid.DataRowCount(), 8);
   // The dialog's running load began with the empty TxtLoopLoad of a sheet not calculated.
   EXPECT_EQ(form->TxtLoopLoad.Text, "600");
@@ -252,66 +219,52 @@ TEST_F(AddDialogTest, TheEighthRadiatorClosesTheDialog) {
 
 // The + key never opens the dialog over a gap (its checks stop first); a gap made while the
 // dialog is open is closed before the new radiator goes in.
-TEST_F(AddDialogTest, GapsOfWhollyEmptyRowsCloseBeforeTheNewRadiator) {
+TEST_F(EditTest, GapsOfWhollyEmptyRowsCloseBeforeTheNewRadiator) {
   Row(1, "500");
   Row(3, "700");
   Cell(2, 1, "");  // row 2 is half typed: not a gap here
   Cell(2, 2, "650");
   FrmRavoAdd add(*form, state, prompter, screens);
-  Type(add, "TxtAdded", "300");
-  Type(add, "TxtSomaName", "9");
+  add.Controls().at("TxtAdded").Type("300");
+  add.Controls().at("TxtSomaName").Type("9");
   add.CmdOK_Click();
   EXPECT_EQ(form->Grid.Text(4, 1), "9");
   form->Grid.ClearRow(2);
-  Type(add, "TxtSomaName", "10");
+  add.Controls().at("TxtSomaName").Type("10");
   add.CmdOK_Click();
-  EXPECT_EQ(form->Grid.Text(2, 2), "700");
-  EXPECT_EQ(form->Grid.Text(3, 1), "9");
-  EXPECT_EQ(form->Grid.Text(4, 1), "10");
+  EXPECT_EQ(Cells(2, {1, 2}) + " " + Cells(3, {1}) + " " + Cells(4, {1}), "3|700 9 10");
 }
 
-class SameSheetTest : public AddDialogTest {
- protected:
-  void SetUp() override {
-    WriteTypeFile("Πάνελ.ths", 2, "Πάνελ", {Stepped("22/600", 150, 0.25f, 100, "400", 1, 30, "")});
-    Load();
-    TypeHeader();
-    Choose("CboSomata", "Πάνελ");
-    for (int r = 1; r <= 3; ++r) Row(r, std::to_string(400 + r), "22/600");
-    ASSERT_TRUE(boundary.Run(*form, [&] { form->SaveTemporarData(); }));
-    form->DeleteSpreadData();
-    Choose("CboSomata", kSectionFamilyCategory);
-    form->Txta_a.Text = "2";
-    prompter.Clear();
-  }
-  // Picks a sheet in FrmRavoSheets through CmdSame.
-  void Same(const std::string& line) {
-    screens.Queue([this](ScriptScreen& s) {
-      auto& add = dynamic_cast<FrmRavoAdd&>(s);
-      add.CmdSame_Click();
-      addClosed = add.Closed();
-    });
-    screens.Queue([this, line](ScriptScreen& s) {
-      auto& sheets = dynamic_cast<FrmRavoSheets&>(s);
-      lines = sheets.LstSheets.Items;
-      sheets.Controls().at("LstSheets").Select({line});
-      sheets.CmdOK_Click();
-    });
-    Key(KeyCode::NumPlus);
-  }
+// CmdSame of the dialog, then a sheet picked in FrmRavoSheets.
+TEST_F(EditTest, TheRadiatorsOfAnotherSheetComeWithItsFamily) {
+  WriteTypeFile("Πάνελ.ths", 2, "Πάνελ", {Stepped("22/600", 150, 0.25f, 100, "400", 1, 30, "")});
+  Load();
+  TypeHeader();
+  Choose("CboSomata", "Πάνελ");
+  for (int r = 1; r <= 3; ++r) Row(r, std::to_string(400 + r), "22/600");
+  ASSERT_TRUE(Do(&FrmRavolin::SaveTemporarData));
+  form->DeleteSpreadData();
+  Choose("CboSomata", kSectionFamilyCategory);
+  form->Txta_a.Text = "2";
   bool addClosed = false;
   std::vector<std::string> lines;
-};
-
-TEST_F(SameSheetTest, TheRadiatorsOfAnotherSheetComeWithItsFamily) {
-  Same("Φύλλο Υπολογισμών Νο : 001");
+  screens.Queue([&](ScriptScreen& s) {
+    auto& add = dynamic_cast<FrmRavoAdd&>(s);
+    add.CmdSame_Click();
+    addClosed = add.Closed();
+  });
+  screens.Queue([&](ScriptScreen& s) {
+    auto& sheets = dynamic_cast<FrmRavoSheets&>(s);
+    lines = sheets.LstSheets.Items;
+    sheets.Controls().at("LstSheets").Select({"Φύλλο Υπολογισμών Νο : 001"});
+    sheets.CmdOK_Click();
+  });
+  Key(KeyCode::NumPlus);
   EXPECT_TRUE(addClosed);  // both dialogs close
   EXPECT_EQ(lines, std::vector<std::string>{"Φύλλο Υπολογισμών Νο : 001"});
   EXPECT_EQ(screens.Shown, (std::vector<std::string>{"FrmRavoAdd", "FrmRavoSheets"}));
   EXPECT_EQ(form->Grid.DataRowCount(), 3);
-  EXPECT_EQ(form->Grid.Text(3, 2), "403");
-  EXPECT_EQ(form->Grid.Text(3, 10), "22/600");
-  EXPECT_EQ(form->Grid.Text(3, 5), "");  // nothing but columns 1, 2, 3 and 10
+  EXPECT_EQ(Cells(3, {2, 5, 10}), "403||22/600");  // nothing but columns 1, 2, 3 and 10
   EXPECT_EQ(state.SomaCategory, 2);
   EXPECT_EQ(form->CboSomata.Text(), "Πάνελ");
   EXPECT_EQ(state.StudyChanged, -1);

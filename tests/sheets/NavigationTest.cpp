@@ -29,44 +29,37 @@ class NavigationTest : public SheetsTest {
       ASSERT_EQ(form->Txta_a.Text, std::to_string(s));
       FillSheet(s);
     }
-    ASSERT_TRUE(boundary.Run(*form, [&] { form->SaveTemporarData(); }));
+    ASSERT_TRUE(Do(&FrmRavolin::SaveTemporarData));
     prompter.Clear();
   }
-  std::string Bytes(const char* file) { return ReadAllBytes(folder / file); }
   void ExpectSheetShown(int sheet) {
-    EXPECT_EQ(form->Txta_a.Text, std::to_string(sheet));
-    EXPECT_EQ(state.CurrentSheet, sheet);
-    EXPECT_EQ(form->TxtLoopNo.Text, "Κ" + std::to_string(sheet));
+    const std::string n = std::to_string(sheet);
+    EXPECT_EQ(
+        std::tuple(form->Txta_a.Text, state.CurrentSheet, form->TxtLoopNo.Text, state.Calculated),
+        std::tuple(n, sheet, "Κ" + n, -1));
     EXPECT_EQ(form->Grid.Text(2, 2), std::to_string(100 * sheet + 20));
     EXPECT_NE(form->Grid.Text(2, 11), "");
-    EXPECT_EQ(state.Calculated, -1);
   }
 };
 
 TEST_F(NavigationTest, WalkingTwelveSheetsForwardAndBackLeavesEveryByteAsWritten) {
   Study(12);
-  const std::string sheets = Bytes("SHEETS.TMP");
-  const std::string loops = Bytes("LOOPS.TMP");
-  ASSERT_EQ(sheets.size(), 12u * 196);
-  ASSERT_EQ(loops.size(), 12u * 8 * 298);
-  KeyStroke home{KeyCode::Home, true};
-  boundary.Run(*form, [&] { form->Form_KeyDown(home); });
+  const std::string files = Bytes("SHEETS.TMP") + Bytes("LOOPS.TMP");
+  ASSERT_EQ(files.size(), 12u * 196 + 12u * 8 * 298);
+  Chord(KeyCode::Home);
   ExpectSheetShown(1);
   for (int s = 2; s <= 12; ++s) {
     Key(KeyCode::PageDown);
     ExpectSheetShown(s);
   }
-  EXPECT_EQ(Bytes("SHEETS.TMP"), sheets);
-  EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
+  EXPECT_EQ(Bytes("SHEETS.TMP") + Bytes("LOOPS.TMP"), files);
   for (int s = 11; s >= 1; --s) {
     Key(KeyCode::PageUp);
     ExpectSheetShown(s);
   }
-  KeyStroke end{KeyCode::End, true};
-  boundary.Run(*form, [&] { form->Form_KeyDown(end); });
+  Chord(KeyCode::End);
   ExpectSheetShown(12);
-  EXPECT_EQ(Bytes("SHEETS.TMP"), sheets);
-  EXPECT_EQ(Bytes("LOOPS.TMP"), loops);
+  EXPECT_EQ(Bytes("SHEETS.TMP") + Bytes("LOOPS.TMP"), files);
   EXPECT_TRUE(prompter.History().empty());
 }
 
@@ -76,20 +69,16 @@ TEST_F(NavigationTest, PgDnOnAnEmptyNewSheetAsksAndNoLeavesTheCounterOneAhead) {
   ASSERT_EQ(form->Txta_a.Text, "3");
   prompter.QueueAnswer(Answer::No);
   Key(KeyCode::PageDown);
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Lines.front(), "!! ΘΑ ΔΙΑΓΡΑΦΕΙ ΟΛΟΚΛΗΡΟ ΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
-  EXPECT_EQ(state.CurrentSheet, 4);
-  EXPECT_EQ(form->Txta_a.Text, "3");
+  ExpectBox("!! ΘΑ ΔΙΑΓΡΑΦΕΙ ΟΛΟΚΛΗΡΟ ΤΟ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
+  EXPECT_EQ(std::tuple(state.CurrentSheet, form->Txta_a.Text), std::tuple(4, "3"));
 }
 
 TEST_F(NavigationTest, AMissingLengthStopsPgDnButNotPgUp) {
   Study(2);
   Type("TxtLoopLength", "");
   Key(KeyCode::PageDown);
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Lines.front(), "... ΔΕΝ ΕΧΕΤΕ ΤΟ ΜΗΚΟΣ ΤΟΥ ΒΡΟΧΟΥ ...");
-  EXPECT_EQ(form->Txta_a.Text, "2");
-  EXPECT_EQ(form->FocusTarget(), "Grid");
+  ExpectBox("... ΔΕΝ ΕΧΕΤΕ ΤΟ ΜΗΚΟΣ ΤΟΥ ΒΡΟΧΟΥ ...");
+  EXPECT_EQ(form->Txta_a.Text + " " + form->FocusTarget(), "2 Grid");
   prompter.Clear();
   Key(KeyCode::PageUp);
   ASSERT_EQ(prompter.History().size(), 1u);
@@ -103,9 +92,7 @@ TEST_F(NavigationTest, ASheetWithoutResultsCannotBeLeft) {
   for (KeyCode key : {KeyCode::PageDown, KeyCode::PageUp}) {
     prompter.Clear();
     Key(key);
-    ASSERT_EQ(prompter.History().size(), 1u);
-    EXPECT_EQ(LastBox().Lines.front(),
-              "... ΕΛΛΙΠΗ ΔΕΔΟΜΕΝΑ, ΙΣΩΣ ΔΕΝ ΕΧΕΤΕ ΚΑΝΕΙ ΥΠΟΛΟΓΙΣΜΟΥΣ ...");
+    ExpectBox("... ΕΛΛΙΠΗ ΔΕΔΟΜΕΝΑ, ΙΣΩΣ ΔΕΝ ΕΧΕΤΕ ΚΑΝΕΙ ΥΠΟΛΟΓΙΣΜΟΥΣ ...");
     EXPECT_EQ(form->Txta_a.Text, "2");
   }
   EXPECT_EQ(form->Grid.Text(2, 2), "999");
@@ -128,7 +115,7 @@ TEST_P(DeleteSheetTest, TheSheetsAfterMoveUpAndTheDerivedFilesGo) {
   const std::vector<SheetRecord> before = RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
   ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(static_cast<int16_t>(c.Sheet)); }));
   prompter.QueueAnswer(Answer::Yes);
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->Controls().at("CmdDeleteSheet").Press(); }));
+  ASSERT_TRUE(Run([&] { form->Controls().at("CmdDeleteSheet").Press(); }));
   const auto sheets = RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
   const auto loops = RecordFile<LoopRecord>(folder / "LOOPS.TMP").ReadAll();
   ASSERT_EQ(sheets.size(), 3u);
@@ -142,9 +129,8 @@ TEST_P(DeleteSheetTest, TheSheetsAfterMoveUpAndTheDerivedFilesGo) {
     for (int r = 1; r <= 8; ++r) EXPECT_EQ(loops[LoopRecordNumber(kept, r) - 1].SheetNo, kept);
     EXPECT_EQ(loops[LoopRecordNumber(kept, 1) - 1].Load, 100.0f * s + 10);
   }
-  EXPECT_EQ(form->Txta_a.Text, std::to_string(c.Shown));
-  EXPECT_EQ(form->TxtLoopNo.Text, c.LoopNoShown);
-  EXPECT_EQ(state.SheetCount, 3);
+  EXPECT_EQ(std::tuple(form->Txta_a.Text, form->TxtLoopNo.Text, state.SheetCount),
+            std::tuple(std::to_string(c.Shown), c.LoopNoShown, 3));
   for (const char* gone : {"DATARES.TMP", "EDGE_FINALFLOORS.TMP", "~SHEETS.TMP", "~LOOPS.TMP"})
     EXPECT_FALSE(std::filesystem::exists(folder / gone)) << gone;
 }
@@ -163,12 +149,12 @@ TEST_F(NavigationTest, ASheetNumberThatDisagreesIsToldAndTheSheetKeepsItsPlace) 
     sheets.Write(1, r);
   }
   const std::string before = Bytes("SHEETS.TMP");
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
+  ASSERT_TRUE(Run([&] { form->LoadSheet(1); }));
   ASSERT_EQ(prompter.History().size(), 1u);
   EXPECT_NE(LastBox().Lines.front().find("< 7 >"), std::string::npos);
   EXPECT_EQ(form->Txta_a.Text, "1");
   EXPECT_EQ(Bytes("SHEETS.TMP"), before);
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->SaveTemporarData(); }));
+  ASSERT_TRUE(Do(&FrmRavolin::SaveTemporarData));
   EXPECT_EQ(RecordFile<SheetRecord>(folder / "SHEETS.TMP").Count(), 2);
 }
 

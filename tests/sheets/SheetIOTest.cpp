@@ -20,9 +20,7 @@ class SheetIOTest : public SheetsTest {
     Key(KeyCode::F10);
     ASSERT_EQ(state.Calculated, -1);
   }
-  bool Save() {
-    return boundary.Run(*form, [&] { form->SaveTemporarData(); });
-  }
+  bool Save() { return Do(&FrmRavolin::SaveTemporarData); }
   std::vector<LoopRecord> Loops() { return RecordFile<LoopRecord>(folder / "LOOPS.TMP").ReadAll(); }
   std::vector<SheetRecord> Sheets() {
     return RecordFile<SheetRecord>(folder / "SHEETS.TMP").ReadAll();
@@ -53,37 +51,39 @@ class SheetIOTest : public SheetsTest {
   }
 };
 
+// Reserved bytes of the loop records are written back unchanged.
 TEST_F(SheetIOTest, ASheetOfThreeRadiatorsHasEightRecordsAndEmptyRowsAreZero) {
+  LoopRecord old;
+  old.Reserved1 = std::string(53, 'R');
+  old.Reserved2 = std::string(16, '\x7f');
+  RecordFile<LoopRecord>(folder / "LOOPS.TMP").Write(2, old);
   CalculatedSheet();
   ASSERT_TRUE(Save());
+  const std::string bytes = Bytes("LOOPS.TMP");
+  EXPECT_EQ(bytes.substr(298 + 110, 53), std::string(53, 'R'));
+  EXPECT_EQ(bytes.substr(298 + 282, 16), std::string(16, '\x7f'));
+  EXPECT_EQ(bytes.substr(110, 53), std::string(53, '\0'));  // a new record: zeros
   const auto loops = Loops();
   ASSERT_EQ(loops.size(), 8u);
   EXPECT_EQ(std::filesystem::file_size(folder / "LOOPS.TMP"), 8u * 298);
   // Rows past the radiators are written empty: names blank, numbers zero.
-  EXPECT_EQ(loops[7].RowNo, 8);
-  EXPECT_EQ(loops[7].PipeName, "Φ16x1");
-  EXPECT_EQ(loops[7].SomaType, "");
-  EXPECT_EQ(loops[7].Load, 0.0f);
-  EXPECT_EQ(loops[7].SomaWater, 0.0f);
+  const LoopRecord& last = loops[7];
+  EXPECT_EQ(std::tuple(last.RowNo, last.PipeName, last.SomaType, last.Load, last.SomaWater),
+            std::tuple(8, "Φ16x1", "", 0.0f, 0.0f));
   const LoopRecord& first = loops[0];
-  EXPECT_EQ(first.SomaNo, "1");
-  EXPECT_EQ(first.Load, 1000.0f);
-  EXPECT_EQ(first.InletTemp, 85.0f);
+  // 986 Kcal/h at 80/20: 11 sections of 90.
+  EXPECT_EQ(std::tuple(first.SomaNo, first.Load, first.InletTemp, first.SomaType, first.SomaText,
+                       first.SomaOutput),
+            std::tuple("1", 1000.0f, 85.0f, "II/905", "11/II/905", 990.0f));
   EXPECT_FLOAT_EQ(first.OutletTemp, 85.0f - 1000.0f / 120.0f);
-  EXPECT_EQ(first.SomaType, "II/905");
-  EXPECT_EQ(first.SomaText, "11/II/905");  // 986 Kcal/h at 80/20
-  EXPECT_EQ(first.SomaOutput, 990.0f);
   // The second row enters with what the first one's record left.
   EXPECT_EQ(loops[1].InletTemp, first.OutletTemp);
   EXPECT_FLOAT_EQ(loops[2].OutletTemp, 65.0f);
 
   const SheetRecord sheet = Sheets().at(0);
-  EXPECT_EQ(sheet.LoopLength, 12.5f);
-  EXPECT_EQ(sheet.Flow, 120.0f);
-  EXPECT_EQ(sheet.ResultsValid, -1.0f);
-  EXPECT_EQ(sheet.SomaCategoryNo, 1.0f);
-  EXPECT_EQ(sheet.TotalLoad, 2400.0f);
-  EXPECT_EQ(sheet.RealOutput, 990.0f + 900.0f + 810.0f);
+  EXPECT_EQ(std::tuple(sheet.LoopLength, sheet.Flow, sheet.ResultsValid, sheet.SomaCategoryNo,
+                       sheet.TotalLoad, sheet.RealOutput),
+            std::tuple(12.5f, 120.0f, -1.0f, 1.0f, 2400.0f, 990.0f + 900.0f + 810.0f));
   // 12.5 m of Φ16x1 at 0.15 l/m, and 1.5 l once per radiator.
   EXPECT_FLOAT_EQ(sheet.WaterContent, 12.5f * 0.15f + 3 * 1.5f);
 }
@@ -99,21 +99,6 @@ TEST_F(SheetIOTest, TheStoredResistanceComesFromTheFlowAsItsTextShowsIt) {
   const SheetRecord sheet = Sheets().at(0);
   EXPECT_FLOAT_EQ(sheet.Flow, 68.8f);
   EXPECT_EQ(state.FormatF(sheet.SpecificResistance, "#,##0.00"), "7.15");
-}
-
-TEST_F(SheetIOTest, ReservedBytesOfTheLoopRecordsAreWrittenBackUnchanged) {
-  RecordFile<LoopRecord> loops(folder / "LOOPS.TMP");
-  LoopRecord old;
-  old.Reserved1 = std::string(53, 'R');
-  old.Reserved2 = std::string(16, '\x7f');
-  loops.Write(2, old);
-  loops.Close();
-  CalculatedSheet();
-  ASSERT_TRUE(Save());
-  const std::string bytes = ReadAllBytes(folder / "LOOPS.TMP");
-  EXPECT_EQ(bytes.substr(298 + 110, 53), std::string(53, 'R'));
-  EXPECT_EQ(bytes.substr(298 + 282, 16), std::string(16, '\x7f'));
-  EXPECT_EQ(bytes.substr(110, 53), std::string(53, '\0'));  // a new record: zeros
 }
 
 TEST_F(SheetIOTest, WaterContentOfEverySheetCarriesTheLitresOfTheSheetBefore) {
@@ -149,9 +134,8 @@ TEST_F(SheetIOTest, ASheetComesBackCalculatedWhateverItsRecordSaid) {
   form->DeleteSpreadData();
   ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
   EXPECT_EQ(state.Calculated, -1);
-  EXPECT_EQ(form->Grid.Text(3, 4), "2,400");
-  EXPECT_EQ(form->TxtLoopLoad.Text, "2,400");
-  EXPECT_EQ(form->TxtOtherRes.Text, "0.00");
+  EXPECT_EQ(form->Grid.Text(3, 4) + " " + form->TxtLoopLoad.Text + " " + form->TxtOtherRes.Text,
+            "2,400 2,400 0.00");
   EXPECT_EQ(state.Thema, "ΘΕΜΑ ΤΗΣ ΜΕΛΕΤΗΣ");
 }
 
@@ -168,25 +152,19 @@ TEST_F(SheetIOTest, BringingASheetBackTakesItsFamilyAsTheWorkingCopy) {
   EXPECT_EQ(form->Grid.Text(1, 10), "22/600");
 }
 
-TEST_F(SheetIOTest, AnEmptySheetOfAStudyAsksWhetherItIsToGo) {
+TEST_F(SheetIOTest, AnEmptySheetOfAStudyAsksWhetherItIsToGoAndTheOnlySheetNeverGoes) {
   SavedSheet(1, "Φ16x1", 10, {"II/905"});
   Load();
   prompter.Clear();
   prompter.QueueAnswer(Answer::No);
-  const std::string before = ReadAllBytes(folder / "SHEETS.TMP");
+  const std::string before = Bytes("SHEETS.TMP");
   ASSERT_TRUE(Save());
-  ASSERT_EQ(prompter.History().size(), 1u);
-  EXPECT_EQ(LastBox().Lines.front(), "!! ΔΕΝ ΥΠΑΡΧΟΥΝ ΔΕΔΟΜΕΝΑ ΓΙΑ ΤΟ ΤΡΕΧΟΝ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
-  EXPECT_EQ(ReadAllBytes(folder / "SHEETS.TMP"), before);
+  ExpectBox("!! ΔΕΝ ΥΠΑΡΧΟΥΝ ΔΕΔΟΜΕΝΑ ΓΙΑ ΤΟ ΤΡΕΧΟΝ ΦΥΛΛΟ ΥΠΟΛΟΓΙΣΜΩΝ !!");
+  EXPECT_EQ(Bytes("SHEETS.TMP"), before);
   EXPECT_EQ(state.LastAnswer, "");
-}
-
-TEST_F(SheetIOTest, TheOnlySheetIsNeverDeleted) {
-  SavedSheet(1, "Φ16x1", 10, {"II/905"});
-  Load();
   ASSERT_TRUE(boundary.Run(*form, [&] { form->LoadSheet(1); }));
   prompter.Clear();
-  ASSERT_TRUE(boundary.Run(*form, [&] { form->CmdDeleteSheet_Click(); }));
+  ASSERT_TRUE(Do(&FrmRavolin::CmdDeleteSheet_Click));
   EXPECT_TRUE(prompter.History().empty());
   EXPECT_EQ(Sheets().size(), 1u);
 }

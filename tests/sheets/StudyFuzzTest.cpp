@@ -79,13 +79,9 @@ class Mutator {
     return from[Below(static_cast<int>(from.size()))];
   }
   void PutSingle(std::string& file, int length, int offset) {
-    const float values[] = {std::numeric_limits<float>::infinity(),
-                            -std::numeric_limits<float>::infinity(),
-                            std::numeric_limits<float>::quiet_NaN(),
-                            std::numeric_limits<float>::max(),
-                            -3e38f,
-                            1e-45f,
-                            65536.5f};
+    using Limits = std::numeric_limits<float>;
+    const float inf = Limits::infinity(), nan = Limits::quiet_NaN(), max = Limits::max();
+    const float values[] = {inf, -inf, nan, max, -3e38f, 1e-45f, 65536.5f};
     const int records = static_cast<int>(file.size()) / length;
     if (records == 0) return;
     const float value = Pick(values);
@@ -100,7 +96,7 @@ class Mutator {
   std::mt19937 random_;
 };
 
-class StudyFuzzTest : public SheetsTest {};
+using StudyFuzzTest = SheetsTest;
 
 TEST_F(StudyFuzzTest, MutatedStudiesNeverCrashOrHangAndStayOnDiskAsTheyWere) {
   WriteStartFiles(folder);
@@ -123,8 +119,8 @@ TEST_F(StudyFuzzTest, MutatedStudiesNeverCrashOrHangAndStayOnDiskAsTheyWere) {
       Key(KeyCode::PageDown);
       Key(KeyCode::PageUp);
     }
-    EXPECT_TRUE(ReadAllBytes(study) == sheets) << "input " << input;
-    EXPECT_TRUE(ReadAllBytes(sister) == loops) << "input " << input;
+    EXPECT_TRUE(ReadAllBytes(study) == sheets && ReadAllBytes(sister) == loops)
+        << "input " << input;
   }
   EXPECT_GT(opened, kInputs / 4);  // the mutations leave many studies that still open
 }
