@@ -27,6 +27,18 @@ std::string SectionNameOf(const std::string& start, const std::string& end, Sepa
   return left + "/" + std::to_string(NodeNumber(end, seps));
 }
 
+// The boxes of the record's numbers, each with its field.
+using F = FrmRavoAccessories;
+constexpr std::pair<Field F::*, float LevelRecord::*> kDecimalBoxes[] = {
+    {&F::Txt2, &LevelRecord::Length},        {&F::Txt6, &LevelRecord::Elbows},
+    {&F::Txt7, &LevelRecord::Bends90},       {&F::Txt16, &LevelRecord::OtherLossMm},
+    {&F::Txt17, &LevelRecord::OtherLossEqM}};
+constexpr std::pair<Field F::*, int16_t LevelRecord::*> kCountBoxes[] = {
+    {&F::Txt8, &LevelRecord::Valves},           {&F::Txt9, &LevelRecord::StraightControlValves},
+    {&F::Txt10, &LevelRecord::AngleControlValves}, {&F::Txt11, &LevelRecord::TeesBranch},
+    {&F::Txt12, &LevelRecord::TeesPass},        {&F::Txt13, &LevelRecord::TeesCounterflow},
+    {&F::Txt14, &LevelRecord::TeesJunction},    {&F::Txt15, &LevelRecord::CheckValves}};
+
 }  // namespace
 
 const ControlTable<FrmRavoAccessories>& FrmRavoAccessories::Table() {
@@ -149,15 +161,8 @@ void FrmRavoAccessories::UpdateScreen() {
   }
   const LevelRecord& r = lv_.Floor;
   const Separators seps = st_.Seps();
-  Txt2.Text = CStrSingle(r.Length, seps);
-  Txt6.Text = CStrSingle(r.Elbows, seps);
-  Txt7.Text = CStrSingle(r.Bends90, seps);
-  int16_t counts[] = {r.Valves,     r.StraightControlValves, r.AngleControlValves, r.TeesBranch,
-                      r.TeesPass,   r.TeesCounterflow,       r.TeesJunction,       r.CheckValves};
-  Field* countBoxes[] = {&Txt8, &Txt9, &Txt10, &Txt11, &Txt12, &Txt13, &Txt14, &Txt15};
-  for (int i = 0; i < 8; ++i) countBoxes[i]->Text = std::to_string(counts[i]);
-  Txt16.Text = CStrSingle(r.OtherLossMm, seps);
-  Txt17.Text = CStrSingle(r.OtherLossEqM, seps);
+  for (const auto& [box, field] : kDecimalBoxes) (this->*box).Text = CStrSingle(r.*field, seps);
+  for (const auto& [box, field] : kCountBoxes) (this->*box).Text = std::to_string(r.*field);
 }
 
 void FrmRavoAccessories::UpdateCboSame() {
@@ -288,15 +293,8 @@ void FrmRavoAccessories::SaveAccessoriesFloorData() {
   LevelRecord& r = lv_.Floor;
   r.RecNo = r.Level = level;
   r.SectionName = SectionNameOf(Txt0.Text, Txt1.Text, st_.Seps());
-  r.Length = CSng(st_.Parse(Txt2.Text));
+  for (const auto& [box, field] : kDecimalBoxes) r.*field = CSng(st_.Parse((this->*box).Text));
+  for (const auto& [box, field] : kCountBoxes) r.*field = CInt(st_.Parse((this->*box).Text));
   entries_.ShowPipeLength(Txt2.Text);
-  r.Elbows = CSng(st_.Parse(Txt6.Text));
-  r.Bends90 = CSng(st_.Parse(Txt7.Text));
-  int16_t* counts[] = {&r.Valves,   &r.StraightControlValves, &r.AngleControlValves, &r.TeesBranch,
-                       &r.TeesPass, &r.TeesCounterflow,       &r.TeesJunction,       &r.CheckValves};
-  const Field* countBoxes[] = {&Txt8, &Txt9, &Txt10, &Txt11, &Txt12, &Txt13, &Txt14, &Txt15};
-  for (int i = 0; i < 8; ++i) *counts[i] = CInt(st_.Parse(countBoxes[i]->Text));
-  r.OtherLossMm = CSng(st_.Parse(Txt16.Text));
-  r.OtherLossEqM = CSng(st_.Parse(Txt17.Text));
   floors.Write(level, r);
 }

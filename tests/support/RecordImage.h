@@ -28,9 +28,9 @@ struct ImageField {
   std::string Bytes;
 };
 
-inline std::vector<ImageField> ImageFields(const std::string& spec) {
+inline std::vector<ImageField> ImageFields(const std::string& fields) {
   std::vector<ImageField> fields;
-  std::istringstream in(spec);
+  std::istringstream in(fields);
   for (std::string token; in >> token;) {
     const std::size_t at = token.find('@'), eq = token.find('=');
     const std::string value = token.substr(eq + 1);
@@ -49,9 +49,9 @@ inline std::vector<ImageField> ImageFields(const std::string& spec) {
   return fields;
 }
 
-// Every field of the spec stands in the record's bytes.
-inline void ExpectFields(const std::string& record, const std::string& spec) {
-  for (const ImageField& f : ImageFields(spec)) {
+// Every field of the list stands in the record's bytes.
+inline void ExpectFields(const std::string& record, const std::string& fields) {
+  for (const ImageField& f : ImageFields(fields)) {
     ASSERT_LE(f.Offset + f.Bytes.size(), record.size()) << f.Name;
     EXPECT_EQ(record.substr(f.Offset, f.Bytes.size()), f.Bytes) << f.Name << " at " << f.Offset;
   }

@@ -14,15 +14,15 @@ namespace {
 // The known record lands on disk as the image, and the image read and written back stays
 // byte for byte the same.
 template <class T>
-void ExpectGolden(const T& known, const std::string& spec, std::size_t length) {
+void ExpectGolden(const T& known, const std::string& fields, std::size_t length) {
   EXPECT_EQ(RecordFile<T>::Length, length);
   TempFolder dir;
   RecordFile<T>(dir / "known").Write(1, known);
   const std::string disk = ReadAllBytes(dir / "known");
   ASSERT_EQ(disk.size(), length);
-  ExpectFields(disk, spec);
+  ExpectFields(disk, fields);
   std::string bytes(length, '\0');
-  for (const auto& f : ImageFields(spec)) bytes.replace(f.Offset, f.Bytes.size(), f.Bytes);
+  for (const auto& f : ImageFields(fields)) bytes.replace(f.Offset, f.Bytes.size(), f.Bytes);
   WriteAllBytes(dir / "image", bytes);
   RecordFile<T>(dir / "back").Write(1, RecordFile<T>(dir / "image").Read(1));
   EXPECT_EQ(ReadAllBytes(dir / "back"), bytes);
