@@ -28,9 +28,9 @@ struct ImageField {
   std::string Bytes;
 };
 
-inline std::vector<ImageField> ImageFields(const std::string& fields) {
+inline std::vector<ImageField> ImageFields(const std::string& list) {
   std::vector<ImageField> fields;
-  std::istringstream in(fields);
+  std::istringstream in(list);
   for (std::string token; in >> token;) {
     const std::size_t at = token.find('@'), eq = token.find('=');
     const std::string value = token.substr(eq + 1);
